@@ -1,0 +1,7 @@
+// Symbol visibility. The library is built with hidden visibility; VORN_API marks what a host links against.
+#ifndef VORN_EXPORT_H
+#define VORN_EXPORT_H
+
+#define VORN_API __attribute__((visibility("default")))
+
+#endif

@@ -1,0 +1,40 @@
+// The keeper of every text whose character pointer the library hands out.
+#ifndef VORN_OPTIONS_GARBAGE_H
+#define VORN_OPTIONS_GARBAGE_H
+
+#include <string_view>
+
+#include "options/text_arena.h"
+#include "options/text_table.h"
+
+namespace vorn_3_1::internal {
+
+/// A set of texts. Pointers to them stay valid as long as the keeper; equal texts are one pointer.
+class Garbage {
+public:
+    Garbage() = default;
+    Garbage(const Garbage&) = delete;
+    Garbage& operator=(const Garbage&) = delete;
+
+    /// Keeps a copy of the text (null counts as "") and returns its pointer. Needs no memory for "".
+    virtual const char* init(const char* text);
+
+    /// The same for a text that may hold NUL characters.
+    std::string_view keep(std::string_view text);
+
+    /// The same for a text that is followed by a NUL and lives as long as the keeper: it is not copied.
+    std::string_view adopt(std::string_view text);
+
+private:
+    struct Nothing {};
+
+    template <class Own>
+    std::string_view find(std::string_view text, Own own);
+
+    TextArena arena;
+    TextTable<Nothing> texts;
+};
+
+}  // namespace vorn_3_1::internal
+
+#endif

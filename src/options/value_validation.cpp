@@ -1,0 +1,63 @@
+// Whether an option accepts a value text, and every message that says why not.
+#include <string_view>
+
+#include "options/joined_text.h"
+#include "options/option_description.h"
+
+namespace vorn_3_1::internal {
+
+bool OptionDescription::validate(std::string_view& text, tamsu2::variant_t& value, std::string& error) const {
+    const bool isText = type() == tamsu2::qel_string;
+    if (!isText && !convert(text, value)) {
+        error = joined({"Option '", firstName(), "' can not parse '", text, "' value, requires a type '",
+                        getTypeName(), "' here."});
+        return false;
+    }
+    // A whole allowed value counts before it counts as the beginning of another one.
+    if (allowedValues().empty() || isAllowed(text, value)) return true;
+
+    const unsigned matches = isText ? expandBeginning(text) : 0;
+    if (matches == 1) return true;
+    // "follows" in both messages is the wording that hosts know.
+    const std::string list = listOfAllowedValues();
+    error = matches == 0
+                ? joined({"Option '", firstName(), "' does not allow value '", text,
+                          "'. Possible values follows: ", list})
+                : joined({"Ambiguous value for option '", firstName(), "'. Possible values follows: ", list});
+    return false;
+}
+
+// The text counts as far as its first NUL, like the value that it is or stands for.
+bool OptionDescription::isAllowed(std::string_view text, const tamsu2::variant_t& value) const {
+    const bool isText = type() == tamsu2::qel_string;
+    const std::string_view whole = text.substr(0, text.find('\0'));
+    for (const tamsu2::variant_t& allowed : allowedValues()) {
+        const char* allowedText = isText ? allowed.asString() : nullptr;
+        if (isText ? allowedText != nullptr && whole == allowedText : value == allowed) return true;
+    }
+    return false;
+}
+
+// Counts the allowed values that begin with the text. If it is one alone, the text becomes that one.
+unsigned OptionDescription::expandBeginning(std::string_view& text) const {
+    unsigned matches = 0;
+    const char* last = nullptr;
+    for (const tamsu2::variant_t& allowed : allowedValues()) {
+        const char* whole = allowed.asString();
+        if (whole == nullptr || !std::string_view(whole).starts_with(text)) continue;
+        ++matches;
+        last = whole;
+    }
+    if (matches == 1) text = last;
+    return matches;
+}
+
+std::string OptionDescription::listOfAllowedValues() const {
+    std::string list;
+    for (const tamsu2::variant_t& allowed : allowedValues()) {
+        append(list, {list.empty() ? "'" : ", '", toString(keeper(), allowed), "'"});
+    }
+    return list;
+}
+
+}  // namespace vorn_3_1::internal

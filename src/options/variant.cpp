@@ -1,0 +1,214 @@
+#include "tamsu2/variant.h"
+
+#include <bit>
+#include <cstring>
+#include <cwchar>
+#include <limits>
+#include <utility>
+
+namespace tamsu2 {
+
+namespace {
+
+// The allocator that stands in m_mem now, which need not be the one that the compiler saw built there: it may
+// not conclude from the address which operations to call.
+variant_t::allocator_t& memory() {
+    static variant_t::allocator_t* volatile installed = &variant_t::m_mem;
+    return *installed;
+}
+
+// Cuts excess precision off: the i387 keeps wider values in its registers than memory does.
+double roundedToDouble(double number) {
+    volatile double rounded = number;
+    return rounded;
+}
+
+bool ownsMemory(std::int32_t kind) { return kind == qel_string || kind == qel_wstring || kind == qel_block; }
+bool isIntegerLike(std::int32_t kind) { return kind >= qel_bool && kind <= qel_uint64; }
+bool isNarrowText(std::int32_t kind) { return kind == qel_string || kind == qel_string_ref; }
+bool isWideText(std::int32_t kind) { return kind == qel_wstring || kind == qel_wstring_ref; }
+
+void* obtainCopy(const void* source, std::size_t bytes) {
+    void* copy = memory().obtain(bytes);
+    std::memcpy(copy, source, bytes);
+    return copy;
+}
+
+void* copyOfText(const char* text) {
+    return text == nullptr ? nullptr : obtainCopy(text, std::strlen(text) + 1);
+}
+
+void* copyOfText(const wchar_t* text) {
+    return text == nullptr ? nullptr : obtainCopy(text, (std::wcslen(text) + 1) * sizeof(wchar_t));
+}
+
+// An owned block begins with its byte count.
+constexpr std::size_t countBytes = sizeof(std::uint32_t);
+
+std::uint32_t countOf(const void* block) {
+    std::uint32_t count = 0;
+    if (block != nullptr) std::memcpy(&count, block, countBytes);
+    return count;
+}
+
+const char* bytesOf(const void* block) { return static_cast<const char*>(block) + countBytes; }
+
+bool sameText(const char* left, const char* right) {
+    if (left == nullptr || right == nullptr) return left == right;
+    return std::strcmp(left, right) == 0;
+}
+
+bool sameText(const wchar_t* left, const wchar_t* right) {
+    if (left == nullptr || right == nullptr) return left == right;
+    return std::wcscmp(left, right) == 0;
+}
+
+bool sameBlock(const void* left, const void* right) {
+    const std::uint32_t count = countOf(left);
+    return count == countOf(right) && (count == 0 || std::memcmp(bytesOf(left), bytesOf(right), count) == 0);
+}
+
+// A negative integer is read as a number above 2 to the power 63, and so equals no double: kept on purpose.
+bool sameNumber(std::int64_t integer, double number) {
+    return roundedToDouble(static_cast<double>(static_cast<std::uint64_t>(integer))) == number;
+}
+
+template <class Target, class Source>
+Target saturated(Source integer) {
+    using Limits = std::numeric_limits<Target>;
+    if (std::cmp_less(integer, Limits::min())) return Limits::min();
+    if (std::cmp_greater(integer, Limits::max())) return Limits::max();
+    return static_cast<Target>(integer);
+}
+
+template <class Target>
+Target saturated(double number) {
+    using Limits = std::numeric_limits<Target>;
+    // One above the largest value is a power of two and thus exact, which the largest value need not be.
+    const double end = static_cast<double>(Limits::max() / 2 + 1) * 2.0;
+    if (number != number) return 0;
+    if (number <= static_cast<double>(Limits::min())) return Limits::min();
+    if (number >= end) return Limits::max();
+    return static_cast<Target>(number);
+}
+
+template <class Target>
+Target integerFrom(std::int32_t kind, std::int64_t bits) {
+    if (kind == qel_uint64) return saturated<Target>(static_cast<std::uint64_t>(bits));
+    if (isIntegerLike(kind)) return saturated<Target>(bits);
+    return kind == qel_double ? saturated<Target>(std::bit_cast<double>(bits)) : Target{0};
+}
+
+}  // namespace
+
+void variant_t::allocator_t::release(void* block) { ::operator delete(block); }
+void* variant_t::allocator_t::obtain(std::size_t bytes) { return ::operator new(bytes); }
+
+// Set up at link time, so that hosts may build variants in their own static constructors.
+constinit variant_t::allocator_t variant_t::m_mem;
+
+variant_t::variant_t(long value) noexcept
+    : payload(value), tag(sizeof(long) == sizeof(int) ? qel_int : qel_int64) {}
+variant_t::variant_t(unsigned long value) noexcept
+    : payload(static_cast<std::int64_t>(value)), tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {}
+
+variant_t::variant_t(const char* text) : payload(), tag(qel_string) { payload.pointer = copyOfText(text); }
+variant_t::variant_t(const wchar_t* text) : payload(), tag(qel_wstring) {
+    payload.pointer = copyOfText(text);
+}
+
+variant_t::variant_t(const void* bytes, std::uint32_t count) : payload(), tag(qel_block) {
+    if (bytes == nullptr) return;
+    char* block = static_cast<char*>(memory().obtain(countBytes + count));
+    std::memcpy(block, &count, countBytes);
+    std::memcpy(block + countBytes, bytes, count);
+    payload.pointer = block;
+}
+
+variant_t variant_t::borrowed(const char* text) noexcept {
+    variant_t result;
+    result.payload.pointer = const_cast<char*>(text);
+    result.tag = qel_string_ref;
+    return result;
+}
+
+variant_t variant_t::borrowed(const wchar_t* text) noexcept {
+    variant_t result;
+    result.payload.pointer = const_cast<wchar_t*>(text);
+    result.tag = qel_wstring_ref;
+    return result;
+}
+
+variant_t::variant_t(const variant_t& other) : payload(other.payload), tag(other.tag) {
+    if (!ownsMemory(tag) || payload.pointer == nullptr) return;
+    const void* source = other.payload.pointer;
+    if (tag == qel_string) {
+        payload.pointer = copyOfText(static_cast<const char*>(source));
+    } else if (tag == qel_wstring) {
+        payload.pointer = copyOfText(static_cast<const wchar_t*>(source));
+    } else {
+        payload.pointer = obtainCopy(source, countBytes + countOf(source));
+    }
+}
+
+variant_t& variant_t::operator=(const variant_t& other) {
+    // The copy comes first: when it fails, this value is still whole.
+    if (this != &other) *this = variant_t(other);
+    return *this;
+}
+
+void variant_t::release() noexcept { memory().release(payload.pointer); }
+
+bool variant_t::asBool() const noexcept {
+    if (tag == qel_double) return payload.number < 0.0 || payload.number > 0.0;
+    return isIntegerLike(tag) && payload.bits != 0;
+}
+
+int variant_t::asInt() const noexcept { return integerFrom<int>(tag, payload.bits); }
+unsigned int variant_t::asUInt() const noexcept { return integerFrom<unsigned int>(tag, payload.bits); }
+long long variant_t::asInt64() const noexcept { return integerFrom<long long>(tag, payload.bits); }
+unsigned long long variant_t::asUInt64() const noexcept {
+    return integerFrom<unsigned long long>(tag, payload.bits);
+}
+
+double variant_t::asDouble() const noexcept {
+    if (tag == qel_double) return payload.number;
+    if (!isIntegerLike(tag)) return 0.0;
+    return roundedToDouble(tag == qel_uint64 ? static_cast<double>(static_cast<std::uint64_t>(payload.bits))
+                                             : static_cast<double>(payload.bits));
+}
+
+const char* variant_t::asString() const noexcept {
+    return isNarrowText(tag) ? static_cast<const char*>(payload.pointer) : nullptr;
+}
+
+const wchar_t* variant_t::asWString() const noexcept {
+    return isWideText(tag) ? static_cast<const wchar_t*>(payload.pointer) : nullptr;
+}
+
+const void* variant_t::asBlock() const noexcept {
+    return tag == qel_block && payload.pointer != nullptr ? bytesOf(payload.pointer) : nullptr;
+}
+
+std::uint32_t variant_t::blockSize() const noexcept {
+    return tag == qel_block ? countOf(payload.pointer) : 0;
+}
+
+bool operator==(const variant_t& left, const variant_t& right) noexcept {
+    if (isIntegerLike(left.tag)) {
+        if (isIntegerLike(right.tag)) return left.payload.bits == right.payload.bits;
+        return right.tag == qel_double && sameNumber(left.payload.bits, right.payload.number);
+    }
+    if (left.tag == qel_double) {
+        if (right.tag == qel_double) return left.payload.number == right.payload.number;
+        return isIntegerLike(right.tag) && sameNumber(right.payload.bits, left.payload.number);
+    }
+    if (isNarrowText(left.tag)) return isNarrowText(right.tag) && sameText(left.asString(), right.asString());
+    if (isWideText(left.tag)) return isWideText(right.tag) && sameText(left.asWString(), right.asWString());
+    if (left.tag != right.tag) return false;
+    return left.tag != qel_block || sameBlock(left.payload.pointer, right.payload.pointer);
+}
+
+bool operator!=(const variant_t& left, const variant_t& right) noexcept { return !(left == right); }
+
+}  // namespace tamsu2

@@ -1,0 +1,91 @@
+// What a named option's value is, and every way of misusing an option.
+#include "recognisers/abbreviation_parser.h"
+
+#include <utility>
+
+#include "core/diagnostic_log.h"
+#include "options/joined_text.h"
+#include "options/registered_option_storage.h"
+
+namespace vorn_3_1::internal {
+
+int AbbreviationParser::parse(ArgumentList& args, IResultCollector* collector,
+                              const RegisteredOptionStorage& storage, std::string& msg) {
+    const std::string_view argument = args.front();
+    logLine(name, ": parsing argument '", argument, "'");
+    if (bestMatches.size() > 1) {
+        msg = joined({"Ambiguous option '", token.name, "'", formatTokenMessage(argument),
+                      ", could be: ", listOfBestNames()});
+        return invalidArgument;
+    }
+    // A copy: a handler may shape the option, or register others, while this one is parsed.
+    const OptionDescription option = storage.description(bestMatches[0].name.option);
+    logLine(name, ": detected option: '", option.firstName(), "'");
+
+    ValueSource value{token.value};
+    if (token.hasValue) logLine(name, ": value from the same argument taken: '", value.text, "'");
+    int code = findValue(args, option, value, msg);
+    if (code != 0) return code;
+
+    announceOption(option);
+    logLine(name, ": sent event on option parsed");
+    code = parseValueAndAddOption(value.text, msg, option, args, collector);
+    if (code != 0) return code;
+
+    for (; value.arguments > 0; --value.arguments) {
+        logLine(name, ": removing argument: '", args.front(), "'");
+        args.removeFront();
+    }
+    return 0;
+}
+
+int AbbreviationParser::findValue(const ArgumentList& args, const OptionDescription& option,
+                                  ValueSource& value, std::string& msg) const {
+    const std::string_view firstName = option.firstName();
+    if (option.type() == tamsu2::qel_empty) {
+        if (value.text.empty()) return 0;
+        // Kept on purpose: no blank before "does", and the grammar.
+        return reportMisuse(
+            joined({"Option '", firstName, "'does not requires a value", formatTokenMessage(args.front())}),
+            msg);
+    }
+    if (!option.isSwitch()) return value.text.empty() ? takeNextArgument(args, firstName, value, msg) : 0;
+    if (!value.text.empty()) {
+        return reportMisuse(joined({"Option '", firstName,
+                                    "' is boolean and should be declared in form '--option' or '--no-option'",
+                                    formatTokenMessage(args.front())}),
+                            msg);
+    }
+    // The matched name decides, so a switch whose own name begins with "no-" is switched off by it.
+    value.text = bestMatches[0].negated || bestMatches[0].name.text.starts_with(negation) ? "0" : "1";
+    return 0;
+}
+
+int AbbreviationParser::takeNextArgument(const ArgumentList& args, std::string_view firstName,
+                                         ValueSource& value, std::string& msg) const {
+    logLine(name, ": no value in the same argument, looking next");
+    const std::string_view next = args.size() > 1 ? args.second() : std::string_view();
+    if (next.starts_with('-')) {
+        // Kept on purpose: no closing quote and blank behind the name.
+        return reportMisuse(
+            joined({"Option '", firstName, "received value from the next argument: '", next,
+                    "', but it seems to be an option. Use '-option=value' declaration form or make "
+                    "sure that value is not missed"}),
+            msg);
+    }
+    if (args.size() > 1) logLine(name, ": got value from the next argument: '", next, "'");
+    if (next.empty()) {
+        return reportMisuse(
+            joined({"Option '", firstName, "' requires a value", formatTokenMessage(args.front())}), msg);
+    }
+    value = {next, 2};
+    return 0;
+}
+
+int AbbreviationParser::reportMisuse(std::string text, std::string& msg) const {
+    msg = std::move(text);
+    logLine(name, ": ", msg);
+    return invalidArgument;
+}
+
+}  // namespace vorn_3_1::internal

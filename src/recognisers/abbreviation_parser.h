@@ -1,0 +1,68 @@
+// The recogniser of named options.
+#ifndef VORN_RECOGNISERS_ABBREVIATION_PARSER_H
+#define VORN_RECOGNISERS_ABBREVIATION_PARSER_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "recognisers/argument_parser.h"
+#include "recognisers/decomposed_name.h"
+#include "recognisers/word_tree.h"
+
+namespace vorn_3_1::internal {
+
+class OptionIndex;
+
+/// Takes arguments that begin with '-' and name an option, every word of whose name may be shortened. An
+/// ambiguous name counts as taken too, so that parse reports it.
+class AbbreviationParser final : public IArgumentParser {
+public:
+    /// The tree outlives the recogniser, and is brought up to date when a shortened name is met.
+    AbbreviationParser(const RecogniserContext& parser, WordTree& names);
+
+    int recognize(const ArgumentList& args, const RegisteredOptionStorage& storage,
+                  std::string& msg) override;
+    int parse(ArgumentList& args, IResultCollector* collector, const RegisteredOptionStorage& storage,
+              std::string& msg) override;
+    int getPriority() const override { return -10; }
+
+private:
+    // The parts of an argument.
+    struct Token {
+        explicit Token(std::string_view argument);
+
+        std::string_view name;
+        std::string_view value;  // what follows the first '='; empty when there is none
+        bool hasValue;           // whether there is a '='
+    };
+
+    // An option's value, and how many arguments it takes together with its option.
+    struct ValueSource {
+        std::string_view text;
+        int arguments = 1;
+    };
+
+    // Matching.
+    int match(const OptionIndex& index, std::string& msg);
+    void makeNameMatch(const OptionIndex& index);
+    int findBest(std::string& msg);
+    std::string listOfBestNames() const;
+
+    // Parsing.
+    int findValue(const ArgumentList& args, const OptionDescription& option, ValueSource& value,
+                  std::string& msg) const;
+    int takeNextArgument(const ArgumentList& args, std::string_view firstName, ValueSource& value,
+                         std::string& msg) const;
+    int reportMisuse(std::string text, std::string& msg) const;
+
+    WordTree& tree;
+    // What recognize leaves for the parse that follows it.
+    Token token{{}};
+    std::vector<NameMatch> bestMatches;  // one, unless the name is ambiguous
+    DecomposedName decomposed;           // kept between arguments for its memory only
+};
+
+}  // namespace vorn_3_1::internal
+
+#endif

@@ -1,0 +1,90 @@
+#include "recognisers/argument_parser.h"
+
+#include <utility>
+
+#include "core/diagnostic_log.h"
+#include "options/garbage.h"
+#include "options/joined_text.h"
+#include "options/option_description.h"
+#include "options/separated_text.h"
+#include "result/result_collector.h"
+
+namespace vorn_3_1::internal {
+
+std::string IArgumentParser::formatTokenMessage(std::string_view token) const {
+    return joined({" in argument: '", token, "'"});
+}
+
+void IArgumentParser::announceOption(const OptionDescription& option) const {
+    if (context.owner != nullptr) context.owner->onOptionParse(option.firstName().data());
+}
+
+int IArgumentParser::parseValueAndAddOption(std::string_view value, std::string& msg,
+                                            const OptionDescription& option, const ArgumentList& args,
+                                            IResultCollector* collector) {
+    found.position = nextPosition();
+    found.values.clear();
+    if (!value.empty()) {
+        logLine(name, ": adding values to result container:");
+        const bool isList = option.tokenizer() != '\0';
+        const int code = isList ? addItems(value, msg, option, args) : addValue(value, msg, option, args);
+        if (code != 0) return code;
+    }
+    if (collector != nullptr) collector->store(option, found);
+    logLine(name, ": stored option to result container.");
+    return 0;
+}
+
+int IArgumentParser::addValue(std::string_view value, std::string& msg, const OptionDescription& option,
+                              const ArgumentList& args) {
+    logLine(name, ": not using tokenizer");
+    return addItem(value, value, msg, option, args);
+}
+
+int IArgumentParser::addItems(std::string_view value, std::string& msg, const OptionDescription& option,
+                              const ArgumentList& args) {
+    const char separator = option.tokenizer();
+    logLine(name, ": using tokenizer on char: '", std::string_view(&separator, 1), "'");
+    SeparatedText items(value, separator);
+    for (std::string_view item; items.next(item);) {
+        logLine(name, ": value is: '", item, "'");
+        const int code = addItem(item, value, msg, option, args);
+        if (code != 0) return code;
+        logLine(name, ": sent event on value parsed, option: '", option.firstName(), "', value: '", item,
+                "'");
+    }
+    return 0;
+}
+
+int IArgumentParser::addItem(std::string_view item, std::string_view value, std::string& msg,
+                             const OptionDescription& option, const ArgumentList& args) {
+    ValueRecord& record = found.values.emplace_back(ValueRecord{item, {}, 0});
+    if (!option.validate(record.text, record.value, msg)) {
+        msg = joined({"Value validation problem in argument '", args.front(), "': ", msg});
+        logLine(name, ": ", msg);
+        return invalidArgument;
+    }
+    record.position = nextPosition();
+    if (context.owner == nullptr || announceValue(item, option, record)) return 0;
+
+    // The message quotes the whole value, and its log line runs on from the recogniser's name: both kept.
+    msg = joined({"Value '", value, "' is not valid for option '", option.firstName(), "' in argument '",
+                  args.front(), "'"});
+    logLine(name, msg, " One of the handler signaled the value is not valid.");
+    return refusedByHandler;
+}
+
+// The event shows the text as it was typed, though the typed value may be the allowed value that it begins.
+// A text's typed value is made for the event alone: a result makes its own when it is asked.
+bool IArgumentParser::announceValue(std::string_view item, const OptionDescription& option,
+                                    ValueRecord& record) const {
+    const bool isText = option.type() == tamsu2::qel_string;
+    const std::string_view typed = item.substr(0, item.find('\0'));
+    Value value{context.garbage->keep(typed).data(), 0, record.position,
+                isText ? option.fromString(record.text) : std::move(record.value)};
+    const bool accepted = context.owner->onValueParse(option.firstName().data(), value);
+    if (!isText) record.value = std::move(value.value);
+    return accepted;
+}
+
+}  // namespace vorn_3_1::internal

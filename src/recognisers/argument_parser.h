@@ -1,0 +1,80 @@
+// What all recognisers have in common. A recogniser is one strategy for reading options out of the
+// argument list; every parse builds its own.
+#ifndef VORN_RECOGNISERS_ARGUMENT_PARSER_H
+#define VORN_RECOGNISERS_ARGUMENT_PARSER_H
+
+#include <string>
+#include <string_view>
+
+#include "options/position_counter.h"
+#include "options/result_codes.h"
+#include "recognisers/argument_list.h"
+#include "result/option_data.h"
+#include "vorn/parser.h"
+
+namespace vorn_3_1::internal {
+
+class Garbage;
+class IResultCollector;
+class OptionDescription;
+class RegisteredOptionStorage;
+
+/// What the parser gives its recognisers. Nothing of it is owned.
+struct RecogniserContext {
+    EventHandler* owner;  // raises events at the host's handlers; null when nobody listens
+    Garbage* garbage;     // keeps the texts that events hand out
+    int flags;
+};
+
+class IArgumentParser {
+public:
+    /// The counter that orders everything on the command line.
+    static constexpr unsigned& m_idx = positionCounter;
+
+    /// 0 when this recogniser takes the front argument; removes nothing. May remember what it found for the
+    /// parse that follows.
+    virtual int recognize(const ArgumentList& args, const RegisteredOptionStorage& storage,
+                          std::string& msg) = 0;
+
+    /// Parses what recognize has just taken: stores it in the collector (which may be null), and removes the
+    /// consumed arguments. Other than 0, `msg` says what is wrong and the argument stays.
+    virtual int parse(ArgumentList& args, IResultCollector* collector, const RegisteredOptionStorage& storage,
+                      std::string& msg) = 0;
+
+    /// Where an error is: " in argument: 'token'".
+    virtual std::string formatTokenMessage(std::string_view token) const;
+
+    /// Among the recognisers that take an argument, the highest one parses it.
+    virtual int getPriority() const = 0;
+
+protected:
+    IArgumentParser(const char* ownName, const RecogniserContext& parser) : name(ownName), context(parser) {}
+    ~IArgumentParser() = default;  // lives in automatic storage
+
+    /// The step behind every recogniser: cuts the value at the option's separator, converts and validates
+    /// each item, announces it, and stores one occurrence. `value` is followed by a NUL; empty, it makes an
+    /// occurrence without values. Nothing is stored unless all items pass; then the result is 0.
+    int parseValueAndAddOption(std::string_view value, std::string& msg, const OptionDescription& option,
+                               const ArgumentList& args, IResultCollector* collector);
+
+    /// Raises onOptionParse with the option's first name.
+    void announceOption(const OptionDescription& option) const;
+
+    const char* name;  // begins this recogniser's log lines
+    RecogniserContext context;
+
+private:
+    int addValue(std::string_view value, std::string& msg, const OptionDescription& option,
+                 const ArgumentList& args);
+    int addItems(std::string_view value, std::string& msg, const OptionDescription& option,
+                 const ArgumentList& args);
+    int addItem(std::string_view item, std::string_view value, std::string& msg,
+                const OptionDescription& option, const ArgumentList& args);
+    bool announceValue(std::string_view item, const OptionDescription& option, ValueRecord& record) const;
+
+    OptionData found;  // kept between arguments for its memory only
+};
+
+}  // namespace vorn_3_1::internal
+
+#endif

@@ -1,0 +1,28 @@
+// The recogniser of arguments that name no option.
+#ifndef VORN_RECOGNISERS_POSITIONAL_OPTIONS_PARSER_H
+#define VORN_RECOGNISERS_POSITIONAL_OPTIONS_PARSER_H
+
+#include <string>
+
+#include "recognisers/argument_parser.h"
+
+namespace vorn_3_1::internal {
+
+/// Binds arguments to the positional option that was registered first; later ones never receive any.
+class PositionalOptionsParser final : public IArgumentParser {
+public:
+    explicit PositionalOptionsParser(const RecogniserContext& parser);
+
+    int recognize(const ArgumentList& args, const RegisteredOptionStorage& storage,
+                  std::string& msg) override;
+
+    /// Under positionalRepeat it takes all arguments there are, whatever they look like.
+    int parse(ArgumentList& args, IResultCollector* collector, const RegisteredOptionStorage& storage,
+              std::string& msg) override;
+
+    int getPriority() const override { return -100; }
+};
+
+}  // namespace vorn_3_1::internal
+
+#endif

@@ -1,0 +1,133 @@
+// The object behind IParseResult: what was given, and what was not given but has a default.
+#ifndef VORN_RESULT_PARSE_RESULT_H
+#define VORN_RESULT_PARSE_RESULT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "options/garbage.h"
+#include "options/pool.h"
+#include "options/text_table.h"
+#include "result/chain.h"
+#include "result/result_collector.h"
+#include "vorn/result.h"
+
+namespace vorn_3_1::internal {
+
+class RegisteredOptionStorage;
+struct OptionName;
+
+/// Independent of the parser: it keeps copies of names and texts.
+///
+/// By its contract every name of an option has a record of its own. Nearly always those records are equal but
+/// for the positions of their defaults, so the names of an option share one Record, and a name gets its own
+/// only when its contents part from the others': a synonym that came late, a name that two options share, a
+/// name that stands twice among an option's names.
+class ParseResult final : public IParseResult, public IResultCollector {
+public:
+    ParseResult() = default;
+    ParseResult(const ParseResult&) = delete;
+    ParseResult& operator=(const ParseResult&) = delete;
+
+    void destroy() override;
+    bool present(const char* name, int low, int high) override;
+    Value get(const char* name, int low, int high) override;
+    Value next(const char* name) override;
+    int nextPosition() override;
+    int getFirstArgument(const char** out) override;
+    int getNextArgument(const char** out) override;
+
+    int store(const OptionDescription& option, OptionData& data) override;
+
+    /// Records the default of every option that has one, under each of its names, and draws a position for
+    /// each name. Returns 0. May throw std::bad_alloc; what was recorded before stays.
+    int applyDefault(const RegisteredOptionStorage& storage);
+
+    /// Keeps an argument that followed "--".
+    void addArgument(std::string_view argument, std::int32_t position);
+
+private:
+    struct Occurrence {
+        std::int32_t position;
+        Occurrence* next;
+    };
+    struct StoredValue {
+        const char* text;
+        bool isKept;              // by garbage; until a host asks for the text, it is only there
+        tamsu2::variant_t value;  // empty where the text itself is the value
+        std::int32_t position;
+        StoredValue* next;
+    };
+    struct Given {
+        Chain<Occurrence> occurrences;
+        Chain<StoredValue> values;
+
+        void append(const Given& other) {
+            occurrences.append(other.occurrences);
+            values.append(other.values);
+        }
+    };
+    struct Record {
+        unsigned users = 0;            // how many names share it
+        std::uint64_t nameListId = 0;  // the list whose names, all and only, share it; 0 when unknown
+        Given given;
+        std::string_view defaultText = "";  // kept by garbage
+        tamsu2::variant_t defaultVariant;
+    };
+    struct Name {
+        Record* record = nullptr;  // null: not entered
+        std::int32_t defaultPosition = 0;
+    };
+    struct Argument {
+        const char* text;  // kept by garbage
+        std::int32_t position;
+    };
+
+    // Store.
+    using Names = std::vector<Name*>;
+    Name* find(const OptionName& name);
+    Names namesOf(const OptionDescription& option);
+    void storeByName(const OptionDescription& option, OptionData& data);
+    void storeApart(const Names& list, OptionData& data);
+    void recordDefault(const OptionDescription& option);
+    Given prepare(OptionData& data);
+    Given prepareCopy(const Given& source);
+    Record& ownRecord(Name& name);
+    void setRecord(Name& name, Record& record) noexcept;
+    void share(const Names& list, Record& record, std::uint64_t nameListId) noexcept;
+    static bool areDistinct(const Names& list);
+    static Record* commonRecord(const Names& list);
+
+    // Queries: 0 found, 1 not.
+    int find(const char* name, const char** text, tamsu2::variant_t& value, int low, int high,
+             std::int32_t& position);
+    int advance(const char** text, tamsu2::variant_t& value, std::int32_t& position);
+    void deliverDefault(const char** text, tamsu2::variant_t& value, std::int32_t& position) const;
+    bool isDefaultedOnly() const;
+    template <class Query>
+    static Value answer(Query query);
+
+    Pool<Name> names;
+    Pool<Record> records;
+    Pool<Occurrence> occurrences;
+    Pool<StoredValue> values;
+    TextTable<Name*> options;  // keys kept by garbage
+    TextArena texts;           // of the stored values
+    Garbage garbage;
+    std::vector<Argument> arguments;
+
+    // The one iteration that a result supports at a time. Unset cursors count as exhausted.
+    const Name* currentEntry = nullptr;
+    Chain<StoredValue>::Place valueCursor = nullptr;
+    Chain<Occurrence>::Place occurrenceCursor = nullptr;
+    std::int32_t rangeLow = 0;
+    std::int32_t rangeHigh = INT32_MAX;
+    std::size_t argumentCursor = SIZE_MAX;
+};
+
+}  // namespace vorn_3_1::internal
+
+#endif

@@ -1,0 +1,448 @@
+// A host's whole life, with every single allocation failing in turn. Whatever fails has its documented outcome,
+// nothing is lost, and the same operation on the same objects then succeeds as if nothing had happened.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <iostream>
+#include <locale>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "vorn/vorn.h"
+
+namespace {
+
+/// What the replaced allocation functions go by.
+struct {
+    bool isArmed = false;    // inside a call into the library
+    bool mayFail = false;    // not while a step is repeated
+    bool isLasting = false;  // all requests after the failing one fail, too
+    unsigned countdown = 0;  // requests until one fails
+    unsigned failures = 0;
+    long live = 0;  // blocks
+} memory;
+
+void* obtain(std::size_t bytes, std::size_t alignment = alignof(std::max_align_t)) noexcept {
+    if (memory.isArmed && memory.mayFail && (memory.countdown == 0 || --memory.countdown == 0)) {
+        if (memory.isLasting || memory.failures == 0) return ++memory.failures, nullptr;
+    }
+    ++memory.live;
+    return std::aligned_alloc(alignment, (bytes / alignment + 1) * alignment);
+}
+
+void* obtainOrThrow(std::size_t bytes, std::size_t alignment = alignof(std::max_align_t)) {
+    void* block = obtain(bytes, alignment);
+    return block == nullptr ? throw std::bad_alloc() : block;
+}
+
+void release(void* block) noexcept {
+    if (block != nullptr) --memory.live;
+    std::free(block);
+}
+
+struct FailingAllocator : tamsu2::variant_t::allocator_t {
+    void release(void* block) override { ::release(block); }
+    void* obtain(std::size_t bytes) override { return obtainOrThrow(bytes); }
+};
+
+}  // namespace
+
+using Size = std::size_t;
+using Align = std::align_val_t;
+using Quiet = const std::nothrow_t&;
+
+void* operator new(Size n) { return obtainOrThrow(n); }
+void* operator new(Size n, Align a) { return obtainOrThrow(n, Size(a)); }
+void* operator new(Size n, Quiet) noexcept { return obtain(n); }
+void* operator new(Size n, Align a, Quiet) noexcept { return obtain(n, Size(a)); }
+void operator delete(void* p) noexcept { release(p); }
+void operator delete(void* p, Size) noexcept { release(p); }
+void operator delete(void* p, Align) noexcept { release(p); }
+void operator delete(void* p, Size, Align) noexcept { release(p); }
+void operator delete(void* p, Quiet) noexcept { release(p); }
+void operator delete(void* p, Align, Quiet) noexcept { release(p); }
+void* operator new[](Size n) { return obtainOrThrow(n); }
+void* operator new[](Size n, Align a) { return obtainOrThrow(n, Size(a)); }
+void* operator new[](Size n, Quiet) noexcept { return obtain(n); }
+void* operator new[](Size n, Align a, Quiet) noexcept { return obtain(n, Size(a)); }
+void operator delete[](void* p) noexcept { release(p); }
+void operator delete[](void* p, Size) noexcept { release(p); }
+void operator delete[](void* p, Align) noexcept { release(p); }
+void operator delete[](void* p, Size, Align) noexcept { release(p); }
+void operator delete[](void* p, Quiet) noexcept { release(p); }
+void operator delete[](void* p, Align, Quiet) noexcept { release(p); }
+
+namespace vorn_3_1 {
+namespace {
+
+using namespace tamsu2;
+
+/// Sets a flag as long as it lives.
+class Setting {
+public:
+    Setting(bool& target, bool value) : flag(target), previous(std::exchange(target, value)) {}
+    Setting(const Setting&) = delete;
+    ~Setting() { flag = previous; }
+
+private:
+    bool& flag;
+    const bool previous;
+};
+
+/// A call into the library; only what is requested in there may fail.
+template <class Call>
+auto armed(Call call) {
+    const Setting arm(memory.isArmed, true);
+    return call();
+}
+
+template <class Call>
+auto undisturbed(Call call) {
+    const Setting calm(memory.mayFail, false);
+    return call();
+}
+
+using Texts = std::vector<std::string>;
+
+const char* const longText = "a text that is longer than what a string holds without an allocation";
+
+struct OptionToRegister {
+    std::string name;
+    const char* furtherNames;
+    qel_variant_type_t type;
+    variant_t byDefault;
+    std::vector<variant_t> allowed;
+    const char* group;
+};
+
+const std::vector<OptionToRegister>& options() {
+    static const char* const general =
+        "general:Options whose title is so long that it has to be wrapped in the help text";
+    static const std::vector<OptionToRegister> list = {
+        {"flag", ",f,x", qel_bool, true, {}, general},
+        {"int", ",i", qel_int, 5, {1, 5, 7}, general},
+        {"unsigned", "", qel_uint, 5u, {}, "numbers"},
+        {"long", "", qel_int64, -1234567890123456789LL, {}, "numbers"},
+        {"hexadecimal", "", qel_uint64, 0xFFULL, {}, "numbers"},
+        {"real", ",r", qel_double, 1234567.5, {2.5, 0.5}, "numbers"},
+        {"text", ",t", qel_string, "fast", {"fast", "full", longText}, "vorn_hidden:Hidden"},
+        {"mode", "", qel_string, longText, {}, general},
+        {"none", ",n", qel_empty, {}, {}, ""},
+        {"input", "", qel_string, "standard", {}, ""},
+        {"list", ",l", qel_string, {}, {}, ""},
+    };
+    return list;
+}
+
+const Texts lines = {
+    "--flag -i 7 --uns=8 --long=-9 --hex=1Fh --real 2.5 --text=fu --text-too a --none -l in -x --no-fl -- "
+    "rest -rest",
+    "--list=an-item-of-rather-great-length,b, first-input-of-rather-great-length second",
+    "vornoption=vornlogenable=1 --int=5 bare-argument -- one -two",
+    "--int=5 --in=4",
+    "--int=junk",
+    "--int=3",
+    "--text=f",
+    "--text=nothing-that-is-allowed",
+    "--list=a,veto",
+    "--int=5 --unknown-option-of-rather-great-length",
+    "--int",
+    "--int --flag",
+    "--none=1",
+    "--flag=1",
+    "--int=7 -- one veto two",
+};
+
+class Host final : EventHandler {
+public:
+    /// The outcomes of an undisturbed life are written down; those of later ones have to be the same.
+    explicit Host(Texts& expected) : outcomes(expected), isFirst(outcomes.empty()) {}
+
+    /// Watched, every builder operation is seen to happen whole or not at all.
+    void start(bool watched) {
+        isWatched = watched;
+        for (const variant_t& value : {variant_t("new"), variant_t(L"new"), variant_t("new", 3)}) {
+            variant_t target(7);
+            step([&] { return assigned(target, value); }, {"7"});
+        }
+        step([&] { return made(parser, [&] { return createParser(&parser, 2 | 4 | 8); }); }, {"3 untouched"});
+        fallback = parser->option("far,too,many,names", "", qel_int, "");
+        for (const OptionToRegister& option : options())
+            add(option);
+        step([&] { return armed([&] { return parser->addHandler(this); }) ? "added" : "not"; }, {"not"});
+    }
+
+    void parse(const Texts& commandLines) {
+        for (const std::string& line : commandLines) {
+            for (const bool asVector : {true, false})
+                parseStep(line, asVector);
+        }
+        step([&] { return lastError(); }, {""});
+    }
+
+    void ask() {
+        for (const bool hidden : {false, true}) {
+            step([&] { return std::string(armed([&] { return parser->getDescription(hidden); })); },
+                 {"", "Unknown error handled."});
+        }
+        parser->createResult(&result);
+        undisturbed([&] { return outcomeOf(lines[0], true) + contents(); });
+        for (const OptionToRegister& option : options()) {
+            const char* name = option.name.c_str();
+            step([&] { return armed([&] { return result->present(name, 0, INT_MAX); }) ? "is" : "not"; },
+                 {"not"});
+            const auto values = [&] {
+                const Texts all = valuesOf(name);
+                return all.back() == "3" ? "3" : joined(all);
+            };
+            step(values, {"3"});
+            step([&] { return shown(armed([&] { return getLastValue(result, name, 0, INT_MAX); })); },
+                 undisturbed([&] { return valuesOf(name); }));  // any earlier one
+        }
+        step([&] { return argumentsOf(); }, {"3"});
+        armed([&] { result->destroy(); });
+    }
+
+    void end() {
+        EXPECT_TRUE(armed([&] { return parser->removeHandler(this); }));
+        armed([&] { parser->destroy(); });
+    }
+
+private:
+    /// Does something. If that took a failure and shows it, it is by one of the given outcomes, and once there
+    /// is memory again the same has the outcome of an undisturbed life.
+    template <class Attempt>
+    void step(Attempt attempt, const Texts& outcomesOfFailure) {
+        const unsigned failuresBefore = memory.failures;
+        std::string outcome = attempt();
+        if (memory.failures > failuresBefore && outcome != outcomes[done]) {
+            EXPECT_EQ(std::count(outcomesOfFailure.begin(), outcomesOfFailure.end(), outcome), 1)
+                << "'" << outcome << "' instead of '" << outcomes[done] << "'";
+            outcome = undisturbed(attempt);
+        }
+        if (isFirst) outcomes.push_back(outcome);
+        EXPECT_EQ(outcome, outcomes[done++]);
+    }
+
+    template <class Object, class Maker>
+    static std::string made(Object*& object, Maker maker) {
+        object = nullptr;
+        const int code = armed(maker);
+        return std::to_string(code) + (object == nullptr ? " untouched" : " made");
+    }
+
+    static std::string assigned(variant_t& target, const variant_t& value) {
+        try {
+            armed([&] { target = value; });
+        } catch (const std::bad_alloc&) {
+            return std::to_string(target.asInt());  // as it was
+        }
+        return target == value ? "assigned" : "mangled";
+    }
+
+    std::string registered(const std::string& names, const OptionToRegister& option) {
+        builder = armed([&] { return parser->option(names.c_str(), longText, option.type, option.group); });
+        return builder == fallback ? "fallback" : "registered";
+    }
+
+    void add(const OptionToRegister& option) {
+        if (option.name == "list") step([&] { return registered("no-flag", option); }, {});  // is taken
+        step([&] { return registered(option.name + option.furtherNames, option); }, {"fallback"});
+        help = helpText();
+        for (const char* ending : {"-too", "-as-well", "-also"}) {
+            const std::string synonym = option.name + ending;
+            shape([&] { builder->synonym(synonym.c_str()); });
+        }
+        for (const variant_t& value : option.allowed)
+            shape([&] { builder->allowValue(value); });
+        if (option.byDefault.kind() != qel_empty) shape([&] { builder->defaultValue(option.byDefault); });
+        if (option.name == "input") shape([&] { builder->positional(); });
+    }
+
+    template <class Operation>
+    void shape(Operation operation) {
+        step([&] { return armed(operation), helpText(); }, {help});
+        help = helpText();
+    }
+
+    std::string helpText() {
+        if (!isWatched) return "";
+        return std::string(parser->getDescription(false)) + parser->getDescription(true);
+    }
+
+    void parseStep(const std::string& line, bool asVector) {
+        Texts failures = {"3 untouched", "3", "4 Unidentified problem detected."};
+        if (asVector) failures.push_back("thrown by the default step");
+        step([&] { return parseAnew(line, asVector); }, failures);
+    }
+
+    std::string parseAnew(const std::string& line, bool asVector) {
+        const std::string creation = made(result, [&] { return parser->createResult(&result); });
+        if (result == nullptr) return creation;
+        events.clear();
+        const std::string outcome = outcomeOf(line, asVector);
+        const std::string found = contents();  // can be read after a failure, too
+        armed([&] { result->destroy(); });
+        return outcome[0] < '3' ? outcome + events + found : outcome;
+    }
+
+    std::string outcomeOf(std::string line, bool asVector) {
+        const bool endsInArguments = line.find(" -- ") != std::string::npos;
+        std::vector<char*> argv{nullptr, line.data()};
+        for (char& character : line) {
+            if (character != ' ') continue;
+            character = asVector ? '\0' : '\n';
+            argv.push_back(&character + 1);
+        }
+        try {
+            const int code = armed([&] {
+                return asVector ? parser->parseArgsVector(static_cast<int>(argv.size()), argv.data(), result)
+                                : parser->parseStream(line.c_str(), result);
+            });
+            EXPECT_TRUE(code != 3 || events.empty() || endsInArguments);  // the recognisers' code is 4
+            return code == 0 || code == 3 ? std::to_string(code)
+                                          : std::to_string(code) + " " + parser->getErrorDesc();
+        } catch (const std::bad_alloc&) {
+            EXPECT_TRUE(asVector && events.empty());
+            return "thrown by the default step";
+        }
+    }
+
+    std::string lastError() {
+        parser->parseStream("--unsigned=unread", result = nullptr);
+        return armed([&] { return parser->getErrorDesc(); });
+    }
+
+    // Events. What is done inside them may fail, too, and is not to end the parse.
+    bool onOptionParse(const char* name) override {
+        armed([&] { builder->tokenize(','); });  // the list's, which may be the one that is parsed
+        if (result != nullptr) armed([&] { result->present("mode", 0, INT_MAX); });
+        const Setting own(memory.isArmed, false);
+        events += std::string(" ") + name;
+        return true;
+    }
+    bool onValueParse(const char*, const Value& value) override {
+        const Setting own(memory.isArmed, false);
+        events += std::string("=") + value.text;
+        return value.text != std::string("veto");
+    }
+
+    // Queries.
+
+    std::string shown(const Value& value) {
+        if (value.status != 0) return std::to_string(value.status);
+        if (base == 0) base = value.position;
+        const char* typed = value.value.asString();
+        return std::string(" ") + (value.text == nullptr ? "(null)" : value.text) + " " +
+               std::to_string(value.position - base) + " " + std::to_string(value.value.kind()) + " " +
+               (typed == nullptr ? std::to_string(value.value.asDouble()) : typed);
+    }
+
+    Texts valuesOf(const char* name) {
+        Texts values = {shown(armed([&] { return result->get(name, 0, INT_MAX); }))};
+        while (values.back().size() > 1)
+            values.push_back(shown(armed([&] { return result->next(name); })));
+        return values;
+    }
+
+    static std::string joined(const Texts& texts) {
+        std::string all;
+        for (const std::string& text : texts)
+            all += text;
+        return all;
+    }
+
+    std::string argumentsOf() {
+        std::string all;
+        const char* text = nullptr;
+        int code = armed([&] { return result->getFirstArgument(&text); });
+        for (; code == 0; code = armed([&] { return result->getNextArgument(&text); }))
+            all += std::string(" ") + text;
+        return code == 3 ? "3" : all;
+    }
+
+    std::string contents() {
+        const Setting calm(memory.mayFail, false);
+        base = 0;
+        std::string all = argumentsOf();
+        for (const OptionToRegister& option : options())
+            all += joined(valuesOf(option.name.c_str())) + joined(valuesOf((option.name + "-too").c_str()));
+        return all;
+    }
+
+    Texts& outcomes;
+    const bool isFirst;
+    std::size_t done = 0;
+    IParser* parser = nullptr;
+    IOption* fallback = nullptr;
+    IOption* builder = nullptr;
+    IParseResult* result = nullptr;
+    bool isWatched = false;
+    std::string help;  // before a builder operation
+    std::string events;
+    int base = 0;  // of the positions shown: the first one found; 0 until then
+};
+
+/// Fails one allocation after the other, first alone and then with all later ones, until there are no more.
+template <class Life>
+void failEachAllocation(Life life) {
+    std::streambuf* const output = std::cout.rdbuf(nullptr);
+    std::streambuf* const errors = std::cerr.rdbuf(nullptr);
+    new (static_cast<void*>(&variant_t::m_mem)) FailingAllocator;
+    Texts outcomes;
+    life(Host(outcomes));
+    const Setting disturbed(memory.mayFail, true);
+    unsigned points = 0;
+    for (const bool isLasting : {false, true}) {
+        memory.isLasting = isLasting;
+        memory.failures = 1;
+        for (unsigned failing = 1; memory.failures > 0 && !testing::Test::HasFailure(); ++failing) {
+            memory.countdown = failing;
+            memory.failures = 0;
+            const long before = memory.live;
+            life(Host(outcomes));
+            EXPECT_EQ(memory.live, before);
+            EXPECT_FALSE(testing::Test::HasFailure()) << "request " << failing << ", lasting: " << isLasting;
+            if (memory.failures > 0) ++points;
+        }
+    }
+    std::cout.rdbuf(output);
+    std::cerr.rdbuf(errors);
+    std::cout << "points of failure: " << points << std::endl;
+}
+
+void parseAll(Host& host, const Texts& commandLines) {
+    undisturbed([&] { host.start(false); });
+    host.parse(commandLines);
+    host.ask();
+    host.end();
+}
+
+}  // namespace
+
+TEST(AllocationFailure, inARegistrationHasItsDocumentedOutcomeAndPasses) {
+    failEachAllocation([](Host host) {
+        host.start(true);
+        undisturbed([&] { host.parse({lines[0]}); });
+        host.end();
+    });
+}
+
+TEST(AllocationFailure, inAParseOrQueryHasItsDocumentedOutcomeAndPasses) {
+    failEachAllocation([](Host host) { parseAll(host, lines); });
+}
+
+TEST(AllocationFailure, isNotMistakenForABadNumberUnderAnotherLocale) {
+    struct Grouping : std::numpunct<char> {
+        std::string do_grouping() const override { return "\3"; }
+    };
+    const std::locale before = std::locale::global({std::locale::classic(), new Grouping});
+    failEachAllocation([](Host host) { parseAll(host, {lines[1]}); });
+    std::locale::global(before);
+}
+
+}  // namespace vorn_3_1

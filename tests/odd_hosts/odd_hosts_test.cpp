@@ -1,0 +1,191 @@
+// Hosts that give the library what nobody expects: no arguments at all, or a million of them, any bytes, names that no
+// one would choose, a console that is closed or set up in another way.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <climits>
+#include <cstddef>
+#include <cstdlib>
+#include <iomanip>
+#include <iostream>
+#include <locale>
+#include <new>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "public/fixture.h"
+
+namespace {
+long liveBytes = 0;
+constexpr std::size_t headBytes = alignof(std::max_align_t);
+}  // namespace
+
+// Every block knows its size, so that what lives can be told at any time.
+void* operator new(std::size_t bytes) {
+    auto* head = static_cast<std::size_t*>(std::malloc(headBytes + bytes));
+    if (head == nullptr) throw std::bad_alloc();
+    *head = bytes;
+    liveBytes += static_cast<long>(bytes);
+    return reinterpret_cast<char*>(head) + headBytes;
+}
+
+void operator delete(void* block) noexcept {
+    if (block == nullptr) return;
+    void* head = static_cast<char*>(block) - headBytes;
+    liveBytes -= static_cast<long>(*static_cast<std::size_t*>(head));
+    std::free(head);
+}
+
+void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
+
+namespace vorn_3_1::public_tests {
+
+namespace {
+
+std::string everyByte() {
+    std::string bytes;
+    for (int byte = 1; byte < 256; ++byte)
+        bytes += static_cast<char>(byte);
+    return bytes;
+}
+
+TEST(OddHost, givesNoArguments) {
+    Cli cli;
+    cli.option("level,l")->defaultValue("low");
+    char* none[] = {nullptr};
+    for (const int argc : {0, 1, -1, INT_MIN}) {
+        EXPECT_EQ(cli.parser->parseArgsVector(argc, none, cli.result), 0);
+        EXPECT_EQ(cli.parser->parseArgsVector(argc, nullptr, cli.result), 0);
+    }
+    EXPECT_EQ(cli.stored("level l"), "level[low] l[low] ");
+}
+
+TEST(OddHost, givesAnyBytesAndGetsThemBack) {
+    const std::string texts[] = {everyByte(), std::string(10000, 'x'), "\xC0\x80\xED\xA0\x80\xFF\xFE",
+                                 "\t\r\n ="};
+    for (const std::string& text : texts) {
+        Cli cli;
+        Cli strict(unknownIsError);
+        cli.option("text")->tokenize('\0');
+        EXPECT_EQ(cli.parseInto(cli.result, {"-text=" + text, "", text, "--", "", text}), "0");
+        EXPECT_EQ(cli.values("text"), "[" + text + "]");
+        EXPECT_EQ(cli.passedThrough(), "[][" + text + "]");
+        EXPECT_EQ(strict.parseInto(strict.result, {"-" + text}), "2 Unknown option: -" + text);
+        EXPECT_EQ(strict.parseInto(strict.result, {""}), "2 Unknown option: ");
+    }
+}
+
+TEST(OddHost, choosesNamesThatAreHardToType) {
+    Cli cli(unknownIsError);
+    const char* const names[] = {"a=b", "two words", "\xC3\xA9t\xC3\xA9", "\xFF", "\x80\x81", "=",
+                                 " ",   "\t-\t"};
+    for (const char* name : names)
+        cli.option(name, qel_empty);
+    // What follows '=' is a value, so such a name can only be begun.
+    EXPECT_EQ(cli.parse("-a --a -\xC3 -\xFF --\x80"), "0");
+    EXPECT_EQ(cli.parseInto(cli.result, {"-two ", "- ", "--\t-"}), "0");
+    EXPECT_EQ(cli.parse("-a=b"), "2 Option 'a=b'does not requires a value in argument: '-a=b'");
+    EXPECT_EQ(cli.parse("-="),
+              "2 Ambiguous option '' in argument: '-=', could be: 'a=b', 'two words', "
+              "'\xC3\xA9t\xC3\xA9', '\xFF', '\x80\x81', '=', ' '");
+    for (const char* name : names)
+        EXPECT_EQ(cli.occurrences(name).size(), name[0] == 'a' ? 2u : name[0] == '=' ? 0u : 1u) << name;
+}
+
+TEST(OddHost, registersOptionsWithoutNames) {
+    Cli cli;
+    for (int i = 0; i < 3; ++i)
+        EXPECT_NE(cli.option("")->defaultValue("text"), nullptr);
+    cli.option("named", qel_empty);
+    EXPECT_EQ(cli.parse("-named - -- x"), "0");
+    EXPECT_EQ(cli.stored("named"), "named[null] ");
+    EXPECT_FALSE(cli.result->present(""));
+}
+
+TEST(OddHost, givesAMillionArguments) {
+    Cli cli;
+    cli.option("number,n", qel_int);
+    cli.option("verbose,v", qel_bool);
+    constexpr int count = 500000;
+    std::vector<std::string> arguments(2 * count, "--verb");
+    for (int i = 0; i < count; ++i)
+        arguments[static_cast<std::size_t>(2 * i)] = "-n=" + std::to_string(i % 1000) + ",7";
+    EXPECT_EQ(cli.parseInto(cli.result, arguments), "0");
+    EXPECT_EQ(cli.occurrences("verbose").size(), static_cast<std::size_t>(count));
+    int expected = 0;
+    Value value = cli.result->get("n");
+    for (; value.status == 0 && value.value.asInt() == (expected % 2 == 0 ? expected / 2 % 1000 : 7);
+         ++expected)
+        value = cli.result->next("");
+    EXPECT_EQ(value.status, 1);
+    EXPECT_EQ(expected, 2 * count);
+}
+
+// Texts that a parser has handed out stay; nothing else does.
+TEST(OddHost, parsesAgainAndAgain) {
+    std::string events;
+    Cli cli(unknownIsError);
+    struct : EventHandler {
+    } handler;
+    cli.parser->addHandler(&handler);
+    cli.option("list,l")->allowValue("fast")->allowValue("slow")->defaultValue("slow");
+    const auto live = [&cli](int parses, bool distinct) {
+        for (int i = 0; i < parses; ++i) {
+            IParseResult* result = nullptr;
+            cli.parser->createResult(&result);
+            const std::string unknown = distinct ? "-unknown" + std::to_string(i) : "-unknown";
+            cli.parseInto(result, {"-l=fa,slow", "--li", "fast", unknown, "never read"});
+            result->destroy();
+        }
+        cli.parser->getErrorDesc();
+        return liveBytes;
+    };
+    const long before = live(3, false);
+    EXPECT_EQ(live(100000, false), before);
+    EXPECT_GT(live(1000, true), before + 1000);
+}
+
+TEST(OddHost, hasItsOwnIdeaOfTheConsole) {
+    struct Grouping : std::numpunct<char> {
+        char do_thousands_sep() const override { return '\''; }
+        std::string do_grouping() const override { return "\1"; }
+    };
+    const auto log = [](bool isOdd) {
+        Cli cli(positionalAfterTerminator);
+        cli.option("n", qel_int)->positional();
+        OutputCapture capture;
+        const std::ios_base::fmtflags flags = std::cout.flags();
+        const std::locale locale = std::cout.getloc();
+        if (isOdd) {
+            std::cout.imbue(std::locale(locale, new Grouping));
+            std::cout << std::hex << std::showbase << std::showpos << std::boolalpha << std::setfill('*');
+        }
+        cli.parseInto(cli.result, {logSwitch, "-n=4096", "--", "65536", "x"});
+        std::cout.flags(flags);
+        std::cout.imbue(locale);
+        std::cout.fill(' ');
+        return capture.str();
+    };
+    EXPECT_EQ(log(true), log(false));
+    EXPECT_NE(log(true).find("parse result: 2, message: "), std::string::npos);
+}
+
+TEST(OddHost, hasClosedItsStandardStreams) {
+    const auto parse = [](auto close) {
+        close();
+        Cli cli(unknownIsError);
+        cli.option("n", qel_int);
+        cli.option("n", qel_int);  // refused on standard error
+        const bool isRight = cli.parseInto(cli.result, {logSwitch, "-n=1"}) == "0" &&
+                             cli.values("n") == "[1]" &&
+                             cli.parseInto(cli.result, {logSwitch, "-x"}) == "2 Unknown option: -x";
+        _exit(isRight ? 0 : 1);
+    };
+    EXPECT_EXIT(parse([] { ::close(1), ::close(2); }), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(parse([] { std::fclose(stdout); }), testing::ExitedWithCode(0), "");
+}
+
+}  // namespace
+
+}  // namespace vorn_3_1::public_tests

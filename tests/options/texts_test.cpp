@@ -1,0 +1,58 @@
+// What keeps, finds and cuts texts.
+#include <gtest/gtest.h>
+
+#include "core/all_texts.h"
+#include "fuzz/plain_rules.h"
+#include "options/garbage.h"
+#include "options/separated_text.h"
+#include "options/text_table.h"
+
+namespace vorn_3_1::internal {
+
+TEST(SeparatedText, cutsAsThePlainScan) {
+    for (const std::string& text : allTexts("a,", 7)) {
+        std::vector<std::string> items;
+        SeparatedText separated(text, ',');
+        for (std::string_view item; separated.next(item);)
+            items.emplace_back(item);
+        ASSERT_EQ(items, vorn_tests::split(text, ',')) << text;
+    }
+}
+
+TEST(Garbage, keepsEqualTextsAsOnePointerForGood) {
+    Garbage garbage;
+    std::vector<std::string> texts;
+    std::vector<const char*> kept;
+    for (unsigned i = 0; i < 5000; ++i) {
+        texts.push_back(std::to_string(i) + std::string(i % 7 == 0 ? i : 0, 'x'));  // small and large
+        kept.push_back(garbage.init(texts.back().c_str()));
+    }
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        ASSERT_EQ(kept[i], texts[i]);
+        ASSERT_EQ(kept[i], garbage.init(texts[i].c_str()));
+    }
+    EXPECT_EQ(garbage.init(nullptr), garbage.init(""));
+    const std::string text("0\0b", 3);
+    EXPECT_EQ(garbage.keep(text), text);
+    EXPECT_EQ(garbage.keep(text).data(), garbage.keep(text).data());
+    EXPECT_NE(garbage.keep(text).data(), garbage.init("0"));
+}
+
+TEST(TextTable, tellsTextsApartWhateverTheirHashes) {
+    const std::vector<std::string> texts = allTexts("abc", 7);
+    for (const std::uint32_t hashes : {16u, 5000u, ~0u}) {
+        TextTable<std::size_t> table;
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            const std::uint32_t hash = hashOf(texts[i]) % hashes;
+            ASSERT_EQ(table.find(texts[i], hash), nullptr);
+            table.reserve(1);
+            table.add(table.slotFor(texts[i], hash), texts[i], hash, i);
+        }
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            const auto* slot = table.find(texts[i], hashOf(texts[i]) % hashes);
+            ASSERT_TRUE(slot != nullptr && slot->payload == i && slot->key() == texts[i]) << texts[i];
+        }
+    }
+}
+
+}  // namespace vorn_3_1::internal

@@ -1,0 +1,66 @@
+// Words of names, and the tree of names against a search through all of them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <deque>
+#include <random>
+
+#include "core/all_texts.h"
+#include "fuzz/plain_rules.h"
+#include "recognisers/decomposed_name.h"
+#include "recognisers/word_tree.h"
+
+namespace vorn_3_1::internal {
+
+namespace {
+
+std::vector<std::string> bestNames(const std::vector<NameMatch>& matches) {
+    std::vector<std::string> names;
+    const auto best = std::ranges::max_element(matches, {}, &NameMatch::score);
+    for (const NameMatch& match : matches) {
+        if (match.score == best->score) names.push_back(match.getName());
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+}  // namespace
+
+TEST(DecomposedName, joinsToTheNameItWasCutFrom) {
+    for (const std::string& name : allTexts("ab-", 6)) {
+        const DecomposedName decomposed(name);
+        ASSERT_EQ(decomposed.getName(), name);
+        const std::vector<std::string> words(decomposed.words().begin(), decomposed.words().end());
+        ASSERT_EQ(words, vorn_tests::wordsOf(name));
+    }
+}
+
+TEST(WordTree, findsWhatASearchThroughAllNamesFinds) {
+    const std::vector<std::string> typedNames = allTexts("ano-", 4);
+    const std::vector<std::string> pool = allTexts("ano-", 6);
+    std::mt19937 random(1);
+    for (unsigned round = 0; round < 8; ++round) {
+        WordTree tree;
+        std::deque<std::string> texts;
+        std::vector<RegisteredName> names;
+        std::vector<std::string> candidates;
+        while (names.size() < 200) {
+            const auto ordinal = static_cast<unsigned>(names.size());
+            const bool isSwitch = random() % 2 == 0;
+            texts.push_back(pool[random() % (round < 4 ? 100 : pool.size())]);  // the more alike or different
+            names.push_back({texts.back(), ordinal / 2, ordinal % 2, isSwitch});
+            candidates.push_back(texts.back());
+            if (isSwitch) candidates.push_back("no-" + texts.back());
+            if (names.size() % 40 != 0) continue;  // the tree is used while it grows
+            std::ranges::sort(candidates);
+            tree.update(names);
+            for (const std::string& typed : typedNames) {
+                std::vector<NameMatch> matches;
+                tree.match(DecomposedName(typed), matches);
+                ASSERT_EQ(bestNames(matches), vorn_tests::bestMatches(typed, candidates)) << typed;
+            }
+        }
+    }
+}
+
+}  // namespace vorn_3_1::internal
