@@ -1,0 +1,4 @@
+#!/usr/bin/env python3
+# Says hello, too.
+
+print("Hello")

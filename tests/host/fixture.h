@@ -1,0 +1,64 @@
+// What the tests of the companion header share.
+#ifndef VORN_TESTS_HOST_FIXTURE_H
+#define VORN_TESTS_HOST_FIXTURE_H
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "vorn/host.h"
+
+namespace vorn_3_1 {
+namespace host_tests {
+
+using Text = std::string_view;
+
+/// An argument vector from a line; "_" stands for a blank within an argument, '' for an empty one.
+struct CommandLine {
+    explicit CommandLine(const std::string& line) : words{"/usr/bin/tool"} {
+        std::istringstream input(line);
+        for (std::string word; input >> word;) {
+            std::replace(word.begin(), word.end(), '_', ' ');
+            words.push_back(word == "''" ? "" : word);
+        }
+        for (std::string& word : words)
+            argv.push_back(word.data());
+        argc = static_cast<int>(argv.size());
+        argv.push_back(nullptr);
+    }
+
+    std::vector<std::string> words;
+    std::vector<char*> argv;
+    int argc;
+};
+
+inline host::Outcome parse(host::Parser& parser, const std::string& line, host::Result into = {}) {
+    CommandLine command(line);
+    return parser.parse(command.argc, command.argv.data(), std::move(into));
+}
+
+/// "option=text" or "option" for everything given, in the order of the command line.
+inline std::string listOf(const std::vector<host::Given>& all) {
+    std::string list;
+    for (const host::Given& one : all) {
+        list.append(one.option).append(one.hasValue() ? "=" : "").append(one.text).append(" ");
+    }
+    return list;
+}
+
+template <class T>
+std::string joined(const std::vector<T>& values) {
+    std::ostringstream text;
+    for (const T& value : values)
+        text << value << ' ';
+    return text.str();
+}
+
+}  // namespace host_tests
+}  // namespace vorn_3_1
+
+#endif

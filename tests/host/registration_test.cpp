@@ -1,0 +1,102 @@
+// What cannot be registered, and what the compiler refuses.
+#include "fixture.h"
+
+namespace vorn_3_1 {
+namespace host_tests {
+
+using host::NoValue;
+
+// Whatever the library would refuse silently is refused here, and what no user could type.
+TEST(HostRegistration, refusalsNameTheOptionAndTheReason) {
+    struct Case {
+        const char* names;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"", "it has no name"},
+        {"a,b,c,d", "it has more than three names"},
+        {"a,b,cde", "its third name 'cde' is longer than two characters"},
+        {"a,level", "'level' is taken by option 'level'"},
+        {"effort", "'effort' is taken by option 'level'"},
+        {"no-verbose", "'no-verbose' is taken by option 'verbose'"},
+        {"no-loud", "'no-loud' is taken by option 'verbose'"},
+        {"a,b,a", "'a' is taken by option 'a'"},
+        {"a,", "its name '' is empty"},
+        {",a", "its name '' is empty"},
+        {"a,,b", "its name ',b' holds '=' or ','"},  // the library, too, takes the second comma for text
+        {"a=1", "its name 'a=1' holds '=' or ','"},
+        {"a, b", "its name ' b' holds a blank"},
+        {"--a", "its name '--a' begins with '-', which only users type"},
+    };
+    for (const Case& row : cases) {
+        host::Parser parser;
+        parser.add<int>("level,l", "").synonym("effort");
+        parser.add<bool>("verbose", "").synonym("loud");
+        try {
+            parser.add<int>(row.names, "");
+            ADD_FAILURE() << row.names << " was accepted";
+        } catch (const host::RegistrationError& error) {
+            EXPECT_EQ(error.what(),
+                      "vorn: option '" + std::string(row.names) + "' cannot be registered: " + row.reason);
+        }
+        // A refusal leaves nothing behind, and the library agrees with what was accepted.
+        parser.add<int>("a,b,cd", "");
+        EXPECT_EQ(parse(parser, "--cd=1 --effort=2 --no-loud").text, "");
+    }
+}
+
+TEST(HostRegistration, switchesAndSynonymsClashInBothDirections) {
+    host::Parser parser;
+    parser.add<int>("no-colour", "");
+    // The library accepts these two, and then every use is ambiguous.
+    EXPECT_THROW(parser.add<bool>("colour", ""), host::RegistrationError);
+    EXPECT_THROW(parser.add<int>("other", "").synonym("no-colour"), host::RegistrationError);
+    EXPECT_THROW(parser.add<bool>("switch", "").synonym("no-switch"), host::RegistrationError);
+    EXPECT_NO_THROW(parser.add<int>("colour", ""));
+
+    parser.add<Text>("input", "").positional();
+    EXPECT_THROW(parser.add<Text>("second", "").positional(), host::RegistrationError);
+}
+
+TEST(HostRegistration, onlyValuesOfTheOptionsTypeCompile) {
+    using host::detail::fits;
+    static_assert(fits<int, int>() && fits<bool, bool>() && fits<double, double>());
+    static_assert(fits<Text, const char*>() && fits<Text, std::string>() && !fits<Text, int>());
+    static_assert(!fits<int, bool>() && !fits<int, double>() && !fits<int, const char*>() &&
+                  !fits<int, char>());
+    static_assert(!fits<int, unsigned>() && !fits<unsigned, int>() && !fits<int, long long>());
+    static_assert(fits<long long, int>() && fits<long long, unsigned>() && !fits<unsigned long long, int>());
+    static_assert(!fits<double, int>() && !fits<bool, int>() && !fits<bool, const char*>());
+    // The same kind on both widths, whatever the type behind the name.
+    static_assert(host::detail::kindOf<std::int64_t>() == tamsu2::qel_int64);
+    static_assert(host::detail::kindOf<std::uint64_t>() == tamsu2::qel_uint64);
+    static_assert(!std::is_copy_constructible_v<host::Option<int>>);
+    static_assert(std::is_nothrow_move_constructible_v<host::Result>);
+}
+
+TEST(HostRegistration, everyTypeReadsWhatWasTypedOrItsDefault) {
+    host::Parser parser;
+    parser.add<bool>("bool", "").defaultTo(true);
+    parser.add<int>("int", "").defaultTo(-1);
+    parser.add<unsigned>("unsigned", "").defaultTo(4000000000u);
+    parser.add<std::int64_t>("signed", "").defaultTo(-5000000000ll);
+    parser.add<std::uint64_t>("hex", "").defaultTo(18446744073709551615ull);
+    parser.add<double>("double", "").defaultTo(0.5);
+    parser.add<Text>("text", "").allow("fast", std::string("full")).defaultTo("full");
+    parser.add<NoValue>("nothing", "");
+    const auto read = [&parser](const std::string& line) {
+        const host::Outcome outcome = parse(parser, line);
+        std::ostringstream all;
+        const host::Result& result = outcome.result;
+        all << outcome.text << *result.value<bool>("bool") << ' ' << *result.value<int>("int") << ' '
+            << *result.value<unsigned>("unsigned") << ' ' << *result.value<std::int64_t>("signed") << ' '
+            << *result.value<std::uint64_t>("hex") << ' ' << *result.value<double>("double") << ' '
+            << *result.value<Text>("text") << ' ' << result.isExplicit("nothing");
+        return all.str();
+    };
+    EXPECT_EQ(read(""), "1 -1 4000000000 -5000000000 18446744073709551615 0.5 full 0");
+    EXPECT_EQ(read("--no-b -i 7 -u 8 -s=-9 -h=0x1F -d=1e3 -t=fa -n"), "0 7 8 -9 31 1000 fast 1");
+}
+
+}  // namespace host_tests
+}  // namespace vorn_3_1
