@@ -1,0 +1,86 @@
+// CLI11: every option writes into a variable; a vector gets all occurrences of a command line.
+#include <CLI/CLI.hpp>
+#include <deque>
+
+#include "peer.h"
+
+namespace bench {
+namespace {
+
+struct Bound {
+    bool onOff = false;
+    std::vector<int> integers;
+    std::vector<double> numbers;
+    std::vector<std::string> texts;
+};
+
+class Cli11Peer : public Peer {
+public:
+    explicit Cli11Peer(const std::vector<OptionSpec>& options) {
+        for (const OptionSpec& option : options) {
+            add(option, bound.emplace_back());
+        }
+    }
+
+    bool parse(CommandLine& line, Tally* found) override {
+        try {
+            app.parse(line.argc(), line.argv.data());  // forgets the parse before
+        } catch (const CLI::ParseError&) {
+            return false;
+        }
+        if (found != nullptr) {
+            *found = tally();
+        }
+        return true;
+    }
+
+private:
+    void add(const OptionSpec& option, Bound& target) {
+        const char* names = option.dashedNames;
+        const char* description = option.description;
+        switch (option.kind) {
+            case Kind::onOff:
+                app.add_flag(names, target.onOff, description);
+                break;
+            case Kind::integer:
+                one(app.add_option(names, target.integers, description));
+                break;
+            case Kind::number:
+                one(app.add_option(names, target.numbers, description));
+                break;
+            case Kind::text:
+                one(app.add_option(names, target.texts, description));
+                break;
+            case Kind::list:
+                one(app.add_option(names, target.texts, description))->delimiter(',');
+                break;
+        }
+    }
+
+    // Otherwise an option with a vector takes the arguments that follow it, too.
+    static CLI::Option* one(CLI::Option* option) { return option->allow_extra_args(false); }
+
+    Tally tally() const {
+        Tally sum;
+        for (const Bound& slot : bound) {
+            sum.switches += slot.onOff;
+            sum.addAll(slot.integers);
+            sum.addAll(slot.numbers);
+            sum.addAll(slot.texts);
+        }
+        return sum;
+    }
+
+    CLI::App app;
+    std::deque<Bound> bound;  // never moves what the options point to
+};
+
+std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form) {
+    return std::make_unique<Cli11Peer>(options);
+}
+
+}  // namespace
+
+PeerInfo cli11Peer() { return {"CLI11", "all", true, false, true, anyNumber, make}; }
+
+}  // namespace bench
