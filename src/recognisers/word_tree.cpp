@@ -1,6 +1,7 @@
 #include "recognisers/word_tree.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "options/joined_text.h"
@@ -58,10 +59,18 @@ WordTree::Node& WordTree::nodeFor(const DecomposedName& name) {
     return *node;
 }
 
+// The number orders words like their bytes do; behind a short word it has zeros.
+WordTree::Key::Key(std::string_view text) : start(0), word(text) {
+    for (std::size_t i = 0; i < sizeof start; ++i) {
+        start = start << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+    }
+}
+
 WordTree::Node& WordTree::childOf(Node& node, std::string_view word) {
-    const auto place = std::ranges::lower_bound(node.children, word, {}, &Child::word);
-    if (place != node.children.end() && place->word == word) return *place->node;
-    return *node.children.insert(place, Child{word, &nodes.add()})->node;
+    const Key key(word);
+    const auto place = std::ranges::lower_bound(node.children, key, std::less(), &Child::key);
+    if (place != node.children.end() && place->key.word == word) return *place->node;
+    return *node.children.insert(place, Child{key, &nodes.add()})->node;
 }
 
 void WordTree::match(const DecomposedName& typed, std::vector<NameMatch>& matches) const {
@@ -81,9 +90,9 @@ void WordTree::search(const Node& node, const DecomposedName& typed, std::size_t
     }
     const std::string_view word = typed.words()[depth];
     // A word typed in full comes first, so most of what it beats is never looked at.
-    auto child = std::ranges::lower_bound(node.children, word, {}, &Child::word);
-    for (; child != node.children.end() && child->word.starts_with(word); ++child) {
-        const int reached = score + (child->word.size() == word.size() ? 2 : 1);
+    auto child = std::ranges::lower_bound(node.children, Key(word), std::less(), &Child::key);
+    for (; child != node.children.end() && child->key.word.starts_with(word); ++child) {
+        const int reached = score + (child->key.word.size() == word.size() ? 2 : 1);
         const int best = matches.empty() ? 0 : matches[0].score;
         if (reached + 2 * (wordsLeft - 1) >= best) search(*child->node, typed, depth + 1, reached, matches);
     }

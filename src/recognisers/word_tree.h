@@ -3,6 +3,7 @@
 #define VORN_RECOGNISERS_WORD_TREE_H
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,8 +42,18 @@ private:
         const Ending* next;
     };
     struct Node;
-    struct Child {
+    // A word with its first characters as a number, which nearly always decide a comparison.
+    struct Key {
+        explicit Key(std::string_view text);
+        bool operator<(const Key& other) const {
+            return start != other.start ? start < other.start : word < other.word;
+        }
+
+        std::uint32_t start;
         std::string_view word;
+    };
+    struct Child {
+        Key key;
         Node* node;
     };
     struct Node {

@@ -1,4 +1,6 @@
 // What handlers hear, in which order, what their answers do, and what they may do meanwhile.
+#include <stdexcept>
+
 #include "fixture.h"
 
 namespace vorn_3_1::public_tests {
@@ -26,6 +28,19 @@ TEST_F(Events, handlersHearEachEventOnceByAddress) {
     handlers[0].atUnknown = handlers[2].atUnknown;
     EXPECT_EQ(cli.parse("-zz -n=y"), "0");
     EXPECT_EQ(events, "1?-zz 3?-zz 1name 3name 1name=y 3name=y ");
+}
+
+TEST_F(Events, mayBeRaisedByTheHostAndThenStopExceptions) {
+    IParser& parser = *cli.parser;
+    const Value value{"v", 0, 7, {}};
+    EXPECT_TRUE(parser.onOptionParse("n") && parser.onValueParse("n", value) && parser.onUknownArgument("u"));
+    for (int i : {0, 1})
+        parser.addHandler(&handlers[i]);
+    EXPECT_TRUE(parser.onOptionParse("n") && parser.onValueParse("n", value) &&
+                parser.onUknownArgument(nullptr));
+    EXPECT_EQ(events, "1n 2n 1n=v 2n=v 1? 2? ");
+    handlers[0].atValue = [](const Value&) -> bool { throw std::runtime_error("from a handler"); };
+    EXPECT_FALSE(parser.onValueParse("n", value));
 }
 
 TEST_F(Events, aVetoEndsTheEventAndTheParse) {

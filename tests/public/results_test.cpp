@@ -153,6 +153,18 @@ TEST(Accumulation, aSecondParseAppendsAndPositionsRise) {
     EXPECT_EQ(cli.values("x"), "[1][2]");
 }
 
+TEST(Names, mayPartWhileTheyAreRead) {
+    const Cli cli;
+    cli.option("x,s");
+    cli.option("y")->synonym("s");
+    ASSERT_EQ(cli.parse("--x=1"), "0");
+    ASSERT_EQ(cli.result->get("s").status, 0);
+    ASSERT_EQ(cli.parse("--y=2"), "0");  // s is y's now
+    ASSERT_EQ(cli.parse("--x=3"), "0");  // and both options' from here on
+    EXPECT_STREQ(cli.result->next("s").text, "3");
+    EXPECT_EQ(cli.stored("x y s"), "x[1][3] y[2] s[2][3] ");
+}
+
 TEST(Names, allHoldWhatWasStoredSinceTheyWereThere) {
     const Cli cli, results;
     IOption* const option = cli.option("long-name,l")->synonym("other");
@@ -165,6 +177,11 @@ TEST(Names, allHoldWhatWasStoredSinceTheyWereThere) {
     cli.option("x,x,y");  // a name that stands twice is appended to twice
     ASSERT_EQ(cli.parse("-y=a -y=b"), "0");
     EXPECT_EQ(cli.stored("x y"), "x[a][b][b] y[a][b] ");
+
+    cli.option("m,n", qel_int);  // likewise when another option's names are the same one
+    cli.option("", qel_int)->synonym("m")->synonym("m")->positional();
+    ASSERT_EQ(cli.parse("-n=1 5"), "0");
+    EXPECT_EQ(cli.stored("m n"), "m[1][5][5] n[1] ");
 
     cli.option("a,alpha");  // a shared name is replaced by an option's first store
     cli.option("b")->synonym("a");

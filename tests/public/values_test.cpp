@@ -1,4 +1,7 @@
 // From the text of a value to the typed value: conversion, allowed values, list items, and every message.
+#include <cstring>
+#include <utility>
+
 #include "fixture.h"
 
 namespace vorn_3_1::public_tests {
@@ -38,6 +41,24 @@ TEST(Conversion, textIsReadAsFarAsItGoes) {
             EXPECT_EQ(accepted ? shown.str() : "no", words[i + 1]) << type << " '" << words[i] << "'";
             EXPECT_EQ(value.kind(), accepted ? type : qel_empty) << type << " '" << words[i] << "'";
         }
+    }
+}
+
+// Each is the text of the double beside it, but not when it is rounded twice.
+TEST(Conversion, roundsDoublesOnce) {
+    const std::pair<const char*, double> cases[] = {
+        {"1092075e19", 1092075e19},
+        {"575225175428342e21", 575225175428342e21},
+        {"7117261185143267e5", 7117261185143267e5},
+        {"393452505485659e7", 393452505485659e7},
+        {"123456789.123456789", 123456789.123456789},
+    };
+    for (const auto& [text, number] : cases) {
+        const Cli cli;
+        cli.option("d", qel_double)->positional();
+        ASSERT_EQ(cli.parse(text), "0");
+        const double read = cli.result->get("d").value.asDouble();
+        EXPECT_EQ(std::memcmp(&read, &number, sizeof read), 0) << text;
     }
 }
 
