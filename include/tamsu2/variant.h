@@ -48,7 +48,7 @@ public:
 #pragma GCC diagnostic pop
     static allocator_t m_mem;
 
-    variant_t() noexcept : payload(), tag(qel_empty) {}  ///< Empty: kind 17.
+    variant_t() noexcept : tag(qel_empty) {}  ///< Empty: kind 17.
     variant_t(bool value) noexcept : payload(value ? 1 : 0), tag(qel_bool) {}
     variant_t(int value) noexcept : payload(value), tag(qel_int) {}
     variant_t(unsigned int value) noexcept : payload(value), tag(qel_uint) {}
@@ -57,7 +57,7 @@ public:
     variant_t(long long value) noexcept : payload(value), tag(qel_int64) {}
     variant_t(unsigned long long value) noexcept
         : payload(static_cast<std::int64_t>(value)), tag(qel_uint64) {}
-    variant_t(double value) noexcept : payload(), tag(qel_double) { payload.number = value; }
+    variant_t(double value) noexcept : tag(qel_double) { payload.number = value; }
     variant_t(const char* text);                              ///< Copied; a null pointer stays null.
     variant_t(const wchar_t* text);                           ///< Copied; a null pointer stays null.
     variant_t(const void* bytes, std::uint32_t count);        ///< Copied; null bytes stay null.

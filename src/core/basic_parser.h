@@ -56,7 +56,8 @@ public:
     /// Wraps the text into a column behind the prefix. Lines are indented by `indent` blanks, the first one
     /// by the prefix and what it lacks of that; a line has room for `width` - 1 characters of text. Every
     /// line ends with a line feed; an empty text gives an empty result.
-    static std::string paragraphString(std::string text, std::string prefix, unsigned indent, unsigned width);
+    static std::string paragraphString(std::string_view text, std::string prefix, unsigned indent,
+                                       unsigned width);
 
 private:
     int collectNonparsingArguments(std::string_view terminator, internal::ArgumentList& args,

@@ -67,14 +67,14 @@ void writeOption(std::string& out, const OptionDescription& option) {
         append(out, {heading, "\n"});
         heading.clear();
     }
-    out += BasicParser::paragraphString(std::string(option.description()), std::move(heading),
-                                        descriptionIndent, descriptionWidth);
+    out += BasicParser::paragraphString(option.description(), std::move(heading), descriptionIndent,
+                                        descriptionWidth);
 }
 
 void writeGroupHead(std::string& out, const OptionGroup& group) {
     if (!group.name.empty()) append(out, {group.name, "\n"});
     if (group.title.empty()) return;
-    append(out, {BasicParser::paragraphString(std::string(group.title), "", titleIndent, titleWidth), "\n"});
+    append(out, {BasicParser::paragraphString(group.title, "", titleIndent, titleWidth), "\n"});
 }
 
 }  // namespace

@@ -32,13 +32,12 @@ std::string_view withoutLeadingBlanks(std::string_view text) {
 
 }  // namespace
 
-std::string BasicParser::paragraphString(std::string text, std::string prefix, unsigned indent,
+std::string BasicParser::paragraphString(std::string_view text, std::string prefix, unsigned indent,
                                          unsigned width) {
     std::string out;
     std::string line = std::move(prefix);
-    std::string_view rest = text;
-    while (!rest.empty()) {
-        rest = withoutLeadingBlanks(rest);
+    while (!text.empty()) {
+        text = withoutLeadingBlanks(text);
         unsigned room = width - 1;
         if (line.size() < indent) {
             line.resize(indent, ' ');
@@ -47,9 +46,9 @@ std::string BasicParser::paragraphString(std::string text, std::string prefix, u
             room = width - 2 - (static_cast<unsigned>(line.size()) - indent);
             line += ' ';
         }
-        const std::string_view chunk = lineOf(rest, room);
+        const std::string_view chunk = lineOf(text, room);
         internal::append(out, {line, chunk, "\n"});
-        rest.remove_prefix(chunk.size());
+        text.remove_prefix(chunk.size());
         line.clear();
     }
     return out;

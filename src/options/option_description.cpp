@@ -18,7 +18,7 @@ OptionDescription::Record::Record(Registration registration, Garbage* textKeeper
     : Registration(std::move(registration)), keeper(textKeeper), nameListId(drawNameListId()) {}
 
 OptionDescription::OptionDescription(Registration registration, Garbage* textKeeper,
-                                     RegistryLink registryLink)
+                                     const RegistryLink& registryLink)
     : record(std::make_shared<Record>(std::move(registration), textKeeper)), link(registryLink) {}
 
 // A builder operation either happens whole or leaves the option as it was.

@@ -41,7 +41,7 @@ struct RegistryLink {
 /// option that is being parsed.
 class OptionDescription final : public IOption {
 public:
-    OptionDescription(Registration registration, Garbage* textKeeper, RegistryLink registryLink);
+    OptionDescription(Registration registration, Garbage* textKeeper, const RegistryLink& registryLink);
 
     IOption* synonym(const char* name) override;
     IOption* allowValue(const tamsu2::variant_t& value) override;

@@ -16,9 +16,9 @@ constexpr std::string_view negation = "no-";
 /// One name of one option, in the order in which the names were added.
 struct RegisteredName {
     std::string_view text;
-    unsigned option;   // index in the registry
-    unsigned ordinal;  // which of the option's names it is
-    bool isSwitch;     // answers to "no-" as well
+    unsigned option = 0;    // index in the registry
+    unsigned ordinal = 0;   // which of the option's names it is
+    bool isSwitch = false;  // answers to "no-" as well
 };
 
 /// Owned by the registry and told of every name, positional flag and default in the very operation that

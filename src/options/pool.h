@@ -29,7 +29,7 @@ public:
     Object& add(Arguments&&... arguments) {
         if (newest == nullptr || newest->used == newest->size) addBlock();
         Object* place = newest->objects() + newest->used;
-        Object* object = ::new (static_cast<void*>(place)) Object{std::forward<Arguments>(arguments)...};
+        auto* object = ::new (static_cast<void*>(place)) Object{std::forward<Arguments>(arguments)...};
         ++newest->used;
         return *object;
     }

@@ -1,4 +1,5 @@
 // Whether an option accepts a value text, and every message that says why not.
+#include <algorithm>
 #include <string_view>
 
 #include "options/joined_text.h"
@@ -31,11 +32,11 @@ bool OptionDescription::validate(std::string_view& text, tamsu2::variant_t& valu
 bool OptionDescription::isAllowed(std::string_view text, const tamsu2::variant_t& value) const {
     const bool isText = type() == tamsu2::qel_string;
     const std::string_view whole = text.substr(0, text.find('\0'));
-    for (const tamsu2::variant_t& allowed : allowedValues()) {
-        const char* allowedText = isText ? allowed.asString() : nullptr;
-        if (isText ? allowedText != nullptr && whole == allowedText : value == allowed) return true;
-    }
-    return false;
+    return std::ranges::any_of(allowedValues(), [&](const tamsu2::variant_t& allowed) {
+        if (!isText) return value == allowed;
+        const char* allowedText = allowed.asString();
+        return allowedText != nullptr && whole == allowedText;
+    });
 }
 
 // Counts the allowed values that begin with the text. If it is one alone, the text becomes that one.

@@ -85,7 +85,8 @@ template <class Target>
 Target saturated(double number) {
     using Limits = std::numeric_limits<Target>;
     // One above the largest value is a power of two and thus exact, which the largest value need not be.
-    const double end = static_cast<double>(Limits::max() / 2 + 1) * 2.0;
+    const Target half = Limits::max() / 2 + 1;
+    const double end = static_cast<double>(half) * 2.0;
     if (number != number) return 0;
     if (number <= static_cast<double>(Limits::min())) return Limits::min();
     if (number >= end) return Limits::max();
@@ -112,12 +113,10 @@ variant_t::variant_t(long value) noexcept
 variant_t::variant_t(unsigned long value) noexcept
     : payload(static_cast<std::int64_t>(value)), tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {}
 
-variant_t::variant_t(const char* text) : payload(), tag(qel_string) { payload.pointer = copyOfText(text); }
-variant_t::variant_t(const wchar_t* text) : payload(), tag(qel_wstring) {
-    payload.pointer = copyOfText(text);
-}
+variant_t::variant_t(const char* text) : tag(qel_string) { payload.pointer = copyOfText(text); }
+variant_t::variant_t(const wchar_t* text) : tag(qel_wstring) { payload.pointer = copyOfText(text); }
 
-variant_t::variant_t(const void* bytes, std::uint32_t count) : payload(), tag(qel_block) {
+variant_t::variant_t(const void* bytes, std::uint32_t count) : tag(qel_block) {
     if (bytes == nullptr) return;
     char* block = static_cast<char*>(memory().obtain(countBytes + count));
     std::memcpy(block, &count, countBytes);

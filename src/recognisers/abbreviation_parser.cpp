@@ -9,6 +9,11 @@
 
 namespace vorn_3_1::internal {
 
+namespace {
+constexpr std::string_view howToDeclare =
+    "Use '-option=value' declaration form or make sure that value is not missed";
+}
+
 int AbbreviationParser::parse(ArgumentList& args, IResultCollector* collector,
                               const RegisteredOptionStorage& storage, std::string& msg) {
     const std::string_view argument = args.front();
@@ -19,6 +24,7 @@ int AbbreviationParser::parse(ArgumentList& args, IResultCollector* collector,
         return invalidArgument;
     }
     // A copy: a handler may shape the option, or register others, while this one is parsed.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const OptionDescription option = storage.description(bestMatches[0].name.option);
     logLine(name, ": detected option: '", option.firstName(), "'");
 
@@ -67,11 +73,9 @@ int AbbreviationParser::takeNextArgument(const ArgumentList& args, std::string_v
     const std::string_view next = args.size() > 1 ? args.second() : std::string_view();
     if (next.starts_with('-')) {
         // Kept on purpose: no closing quote and blank behind the name.
-        return reportMisuse(
-            joined({"Option '", firstName, "received value from the next argument: '", next,
-                    "', but it seems to be an option. Use '-option=value' declaration form or make "
-                    "sure that value is not missed"}),
-            msg);
+        return reportMisuse(joined({"Option '", firstName, "received value from the next argument: '", next,
+                                    "', but it seems to be an option. ", howToDeclare}),
+                            msg);
     }
     if (args.size() > 1) logLine(name, ": got value from the next argument: '", next, "'");
     if (next.empty()) {

@@ -20,6 +20,7 @@ int PositionalOptionsParser::parse(ArgumentList& args, IResultCollector* collect
                                    const RegisteredOptionStorage& storage, std::string& msg) {
     logLine(name, ": parsing argument '", args.front(), "'");
     // A copy: a handler may shape the option, or register others, while this one is parsed.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const OptionDescription option = storage.description(storage.index().firstPositional());
     logLine(name, ": option is '", option.firstName(), "'");
     do {

@@ -60,7 +60,7 @@ WordTree::Node& WordTree::nodeFor(const DecomposedName& name) {
 }
 
 // The number orders words like their bytes do; behind a short word it has zeros.
-WordTree::Key::Key(std::string_view text) : start(0), word(text) {
+WordTree::Key::Key(std::string_view text) : word(text) {
     for (std::size_t i = 0; i < sizeof start; ++i) {
         start = start << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
     }

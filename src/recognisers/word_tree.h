@@ -16,8 +16,8 @@ namespace vorn_3_1::internal {
 
 /// A name that a typed name may stand for.
 struct NameMatch {
-    int score;  // over all words: 2 for one typed in full, 1 for a shortened one
-    bool negated;
+    int score = 0;  // over all words: 2 for one typed in full, 1 for a shortened one
+    bool negated = false;
     RegisteredName name;
 
     std::string getName() const;
@@ -38,8 +38,8 @@ public:
 private:
     struct Ending {
         RegisteredName name;
-        bool negated;
-        const Ending* next;
+        bool negated = false;
+        const Ending* next = nullptr;
     };
     struct Node;
     // A word with its first characters as a number, which nearly always decide a comparison.
@@ -49,12 +49,12 @@ private:
             return start != other.start ? start < other.start : word < other.word;
         }
 
-        std::uint32_t start;
+        std::uint32_t start = 0;
         std::string_view word;
     };
     struct Child {
         Key key;
-        Node* node;
+        Node* node = nullptr;
     };
     struct Node {
         std::vector<Child> children;      // in order of their words

@@ -171,11 +171,12 @@ ParseResult::Given ParseResult::prepare(OptionData& data) {
 
 ParseResult::Given ParseResult::prepareCopy(const Given& source) {
     Given copy;
-    for (auto place = source.occurrences.begin(); *place != nullptr;
+    for (const auto* place = source.occurrences.begin(); *place != nullptr;
          place = Chain<Occurrence>::after(place)) {
         copy.occurrences.link(occurrences.add((*place)->position, nullptr));
     }
-    for (auto place = source.values.begin(); *place != nullptr; place = Chain<StoredValue>::after(place)) {
+    for (const auto* place = source.values.begin(); *place != nullptr;
+         place = Chain<StoredValue>::after(place)) {
         const StoredValue& value = **place;
         copy.values.link(values.add(value.text, value.isKept, value.value, value.position, nullptr));
     }
