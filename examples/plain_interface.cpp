@@ -10,9 +10,7 @@ namespace {
 /// Refuses a level whose text goes on after the number, and remembers why.
 class LevelCheck : public vorn_3_1::EventHandler {
 public:
-    const char* reason;
-
-    LevelCheck() : reason("") {}
+    const char* reason = "";
 
     bool onValueParse(const char* name, const vorn_3_1::Value& value) override {
         if (std::strcmp(name, "level") != 0) return true;

@@ -87,7 +87,7 @@ std::vector<FileSet> setsOf(const host::Result& result) {
         sets.back().paths.push_back(path);
 
     if (!names.empty() && sets.front().paths.empty()) sets.erase(sets.begin());
-    if (names.empty() && sets.front().paths.empty()) sets.front().paths.push_back(".");
+    if (names.empty() && sets.front().paths.empty()) sets.front().paths.emplace_back(".");
     return sets;
 }
 

@@ -15,6 +15,9 @@
 #ifndef VORN_HOST_H
 #define VORN_HOST_H
 
+// Below C++17 there is nothing here, so that a host that includes every header compiles.
+#if __cplusplus >= 201703L
+
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
@@ -34,8 +37,7 @@
 #include "vorn/host/value_type.h"
 #include "vorn/vorn.h"
 
-namespace vorn_3_1 {
-namespace host {
+namespace vorn_3_1::host {
 
 /// Departures from a Parser's defaults; combine them with '|'.
 enum class Flags : int {
@@ -51,7 +53,7 @@ constexpr Flags operator|(Flags left, Flags right) noexcept {
 }
 
 /// Options of this group, with or without a title ("vorn_hidden:Title"), show in the hidden help only.
-constexpr const char* hiddenGroup = "vorn_hidden";
+inline constexpr const char* hiddenGroup = "vorn_hidden";
 
 /// The positions from `low` to below `high`; everything unless limited. Positions rise along the command
 /// line, so those of one option cut it into stretches in which another may be asked for.
@@ -66,7 +68,7 @@ constexpr Between from(int low) noexcept { return Between{low, INT_MAX}; }
 
 namespace detail {
 
-constexpr const char* logSwitch = "vornoption=vornlogenable=1";
+inline constexpr const char* logSwitch = "vornoption=vornlogenable=1";
 
 struct Destroy {
     template <class T>
@@ -162,8 +164,8 @@ struct Given {
     }
 };
 
-/// What one or more parses found. Independent of the parser, and movable; all texts that it hands out stay
-/// valid as long as the result does.
+/// What one or more parses found. Independent of the parser, and movable. All texts that it hands out stay
+/// valid as long as the result does and are followed by a NUL character, so data() is a C string.
 ///
 /// Names are those that were registered, synonyms included and abbreviations not. A name that was not
 /// registered, or a type that is not the option's, throws std::logic_error.
@@ -223,14 +225,15 @@ public:
         std::vector<Given> byOption;
         for (const auto& record : table->records)
             collect(*record, byOption);
-        std::vector<const Given*> order;
+        std::vector<Place> order;
         for (const Given& one : byOption) {
-            if (one.position >= range.low && one.position < range.high) order.push_back(&one);
+            if (one.position >= range.low && one.position < range.high) order.push_back({one.position, &one});
         }
-        std::qsort(order.data(), order.size(), sizeof order[0], comparePositions);
+        std::qsort(order.data(), order.size(), sizeof(Place), comparePlaces);
         std::vector<Given> all;
-        for (const Given* one : order)
-            all.push_back(*one);
+        all.reserve(order.size());
+        for (const Place& place : order)
+            all.push_back(*place.given);
         return all;
     }
 
@@ -249,10 +252,14 @@ private:
 
     const char* firstName(std::string_view name) const { return table->find(name).names.front().c_str(); }
 
-    static int comparePositions(const void* left, const void* right) {
-        const int leftPosition = (*static_cast<const Given* const*>(left))->position;
-        const int rightPosition = (*static_cast<const Given* const*>(right))->position;
-        return leftPosition < rightPosition ? -1 : 1;
+    struct Place {
+        int position;
+        const Given* given;
+    };
+
+    static int comparePlaces(const void* left, const void* right) {
+        return static_cast<const Place*>(left)->position < static_cast<const Place*>(right)->position ? -1
+                                                                                                      : 1;
     }
 
     /// The values in the range. The library's own ranges go by occurrences in one query and by values in
@@ -288,10 +295,9 @@ private:
         for (std::size_t i = 0; i < starts.size(); ++i) {
             const int end = i + 1 < starts.size() ? starts[i + 1] : INT_MAX;
             const bool isBare = next == values.size() || values[next].position > end;
-            if (isBare) all.push_back({name, {}, starts[i], {}});
+            if (isBare) all.push_back({name, "", starts[i], {}});
             for (; next < values.size() && values[next].position < end; ++next) {
-                const char* text = values[next].text;
-                all.push_back({name, text != nullptr ? text : "", values[next].position, values[next].value});
+                all.push_back({name, values[next].text, values[next].position, values[next].value});
             }
         }
     }
@@ -413,6 +419,7 @@ private:
 
 inline Parser::Parser(Flags flags) : table(new detail::RegisteredOptions), events(new detail::Events) {
     IParser* made = nullptr;
+    // These two are on, and a flag that names one of them switches it off.
     const int safe = unknownIsError | hyphenNotPositional;
     if (createParser(&made, static_cast<int>(flags) ^ safe) != 0) throw std::bad_alloc();
     raw.reset(made);
@@ -537,7 +544,8 @@ inline Result Parser::parseOrExit(int argc, char** argv) {
     return std::move(outcome.result);
 }
 
-}  // namespace host
-}  // namespace vorn_3_1
+}  // namespace vorn_3_1::host
+
+#endif  // C++17
 
 #endif

@@ -12,8 +12,7 @@
 
 #include "vorn/host.h"
 
-namespace vorn_3_1 {
-namespace host_tests {
+namespace vorn_3_1::host_tests {
 
 using Text = std::string_view;
 
@@ -58,7 +57,6 @@ std::string joined(const std::vector<T>& values) {
     return text.str();
 }
 
-}  // namespace host_tests
-}  // namespace vorn_3_1
+}  // namespace vorn_3_1::host_tests
 
 #endif

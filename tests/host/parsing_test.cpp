@@ -5,8 +5,7 @@
 
 #include "fixture.h"
 
-namespace vorn_3_1 {
-namespace host_tests {
+namespace vorn_3_1::host_tests {
 
 using host::Flags;
 
@@ -183,5 +182,4 @@ TEST(HostParsingDeathTest, parseOrExitEndsTheProcess) {
                 "^" + shown + "vorn_hidden\n-secret=<integer> +Not for all.\n\n$");
 }
 
-}  // namespace host_tests
-}  // namespace vorn_3_1
+}  // namespace vorn_3_1::host_tests

@@ -1,8 +1,7 @@
 // What cannot be registered, and what the compiler refuses.
 #include "fixture.h"
 
-namespace vorn_3_1 {
-namespace host_tests {
+namespace vorn_3_1::host_tests {
 
 using host::NoValue;
 
@@ -52,6 +51,7 @@ TEST(HostRegistration, switchesAndSynonymsClashInBothDirections) {
     EXPECT_THROW(parser.add<bool>("colour", ""), host::RegistrationError);
     EXPECT_THROW(parser.add<int>("other", "").synonym("no-colour"), host::RegistrationError);
     EXPECT_THROW(parser.add<bool>("switch", "").synonym("no-switch"), host::RegistrationError);
+    EXPECT_THROW(parser.add<bool>("no-cache", ""), host::RegistrationError);  // always off for the library
     EXPECT_NO_THROW(parser.add<int>("colour", ""));
 
     parser.add<Text>("input", "").positional();
@@ -98,5 +98,4 @@ TEST(HostRegistration, everyTypeReadsWhatWasTypedOrItsDefault) {
     EXPECT_EQ(read("--no-b -i 7 -u 8 -s=-9 -h=0x1F -d=1e3 -t=fa -n"), "0 7 8 -9 31 1000 fast 1");
 }
 
-}  // namespace host_tests
-}  // namespace vorn_3_1
+}  // namespace vorn_3_1::host_tests

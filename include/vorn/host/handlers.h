@@ -2,6 +2,8 @@
 #ifndef VORN_HOST_HANDLERS_H
 #define VORN_HOST_HANDLERS_H
 
+#if __cplusplus >= 201703L
+
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -14,9 +16,7 @@
 #include "vorn/parser.h"
 #include "vorn/value.h"
 
-namespace vorn_3_1 {
-namespace host {
-namespace detail {
+namespace vorn_3_1::host::detail {
 
 /// One function of the host; a kind of event that it does not handle passes it by.
 struct Hook {
@@ -85,31 +85,33 @@ public:
         hooks.push_back(std::make_unique<H>(std::forward<Arguments>(arguments)...));
     }
 
-    // By index: a function may add another one.
     bool onOptionParse(const char* name) override {
-        for (std::size_t i = 0; i < hooks.size(); ++i)
-            hooks[i]->optionParsed(name);
-        return true;
+        return allOf([name](Hook& hook) { return (hook.optionParsed(name), true); });
     }
 
     bool onValueParse(const char* name, const Value& value) override {
         if (strictNumbers && !isStrict(value)) return false;
-        for (std::size_t i = 0; i < hooks.size(); ++i) {
-            if (!hooks[i]->valueParsed(name, value, reason)) return false;
-        }
-        return true;
+        return allOf([&](Hook& hook) { return hook.valueParsed(name, value, reason); });
     }
 
+    /// To the library, false says that the argument has been dealt with.
     bool onUknownArgument(const char* argument) override {
+        return allOf([argument](Hook& hook) { return !hook.unknownArgument(argument); });
+    }
+
+private:
+    template <class Question>
+    bool allOf(Question isTrueOf) {
+        // By index, since a function may add another one. NOLINTNEXTLINE(modernize-loop-convert)
         for (std::size_t i = 0; i < hooks.size(); ++i) {
-            if (hooks[i]->unknownArgument(argument)) return false;  // to the library: dealt with
+            if (!isTrueOf(*hooks[i])) return false;
         }
         return true;
     }
 };
 
-}  // namespace detail
-}  // namespace host
-}  // namespace vorn_3_1
+}  // namespace vorn_3_1::host::detail
+
+#endif  // C++17
 
 #endif

@@ -2,6 +2,8 @@
 #ifndef VORN_HOST_REGISTERED_OPTIONS_H
 #define VORN_HOST_REGISTERED_OPTIONS_H
 
+#if __cplusplus >= 201703L
+
 #include <cstddef>
 #include <initializer_list>
 #include <memory>
@@ -13,8 +15,7 @@
 
 #include "vorn/host/value_type.h"
 
-namespace vorn_3_1 {
-namespace host {
+namespace vorn_3_1::host {
 
 /// Thrown when an option or a synonym cannot be registered: says which name and why. It tells of a
 /// mistake in the host, which the host's first run meets.
@@ -153,6 +154,9 @@ private:
     void take(std::string_view option, std::vector<std::string> forms, const Record& record) {
         const std::size_t names = forms.size();
         for (std::size_t i = 0; i < names && record.kind == tamsu2::qel_bool; ++i) {
+            if (forms[i].rfind("no-", 0) == 0) {
+                refuse(option, {"a switch named '", forms[i], "' could only be switched off"});
+            }
             forms.push_back("no-" + forms[i]);
         }
         for (std::size_t i = 0; i < forms.size(); ++i) {
@@ -174,7 +178,8 @@ private:
 };
 
 }  // namespace detail
-}  // namespace host
-}  // namespace vorn_3_1
+}  // namespace vorn_3_1::host
+
+#endif  // C++17
 
 #endif

@@ -2,6 +2,8 @@
 #ifndef VORN_HOST_RESPONSE_FILE_H
 #define VORN_HOST_RESPONSE_FILE_H
 
+#if __cplusplus >= 201703L
+
 #include <cerrno>
 #include <cstddef>
 #include <cstdio>
@@ -11,9 +13,7 @@
 
 #include "vorn/host/value_type.h"
 
-namespace vorn_3_1 {
-namespace host {
-namespace detail {
+namespace vorn_3_1::host::detail {
 
 struct Close {
     void operator()(std::FILE* file) const noexcept { std::fclose(file); }
@@ -39,8 +39,8 @@ inline bool readResponseFile(const char* name, std::string& text, std::string& e
     return true;
 }
 
-}  // namespace detail
-}  // namespace host
-}  // namespace vorn_3_1
+}  // namespace vorn_3_1::host::detail
+
+#endif  // C++17
 
 #endif

@@ -2,6 +2,8 @@
 #ifndef VORN_HOST_VALUE_TYPE_H
 #define VORN_HOST_VALUE_TYPE_H
 
+#if __cplusplus >= 201703L
+
 #include <initializer_list>
 #include <stdexcept>
 #include <string>
@@ -10,8 +12,7 @@
 
 #include "tamsu2/variant.h"
 
-namespace vorn_3_1 {
-namespace host {
+namespace vorn_3_1::host {
 
 /// The type of an option that takes no value: `parser.add<NoValue>("version", "Show the version.")`.
 struct NoValue {};
@@ -50,24 +51,11 @@ constexpr tamsu2::qel_variant_type_t kindOf() {
 }
 
 inline const char* nameOf(tamsu2::qel_variant_type_t kind) {
-    switch (kind) {
-        case tamsu2::qel_bool:
-            return "bool";
-        case tamsu2::qel_int:
-            return "int";
-        case tamsu2::qel_uint:
-            return "unsigned";
-        case tamsu2::qel_int64:
-            return "std::int64_t";
-        case tamsu2::qel_uint64:
-            return "std::uint64_t";
-        case tamsu2::qel_double:
-            return "double";
-        case tamsu2::qel_string:
-            return "std::string_view";
-        default:
-            return "NoValue";
-    }
+    if (kind == tamsu2::qel_bool) return "bool";
+    if (kind == tamsu2::qel_double) return "double";
+    if (kind == tamsu2::qel_string) return "std::string_view";
+    constexpr const char* integers[] = {"int", "unsigned", "std::int64_t", "std::uint64_t"};
+    return kind == tamsu2::qel_empty ? "NoValue" : integers[kind - tamsu2::qel_int];
 }
 
 /// Whether every V is a T: the same type, an integer that loses nothing, or a text.
@@ -94,11 +82,11 @@ tamsu2::variant_t toVariant(const V& value) {
     }
 }
 
-/// `text` is the value's text, where it outlives the variant.
+/// `text` is the value's text, which has to outlive what is returned.
 template <class T>
 T fromVariant(const tamsu2::variant_t& value, const char* text) {
     if constexpr (std::is_same_v<T, std::string_view>) {
-        return text != nullptr ? text : "";
+        return text;
     } else if constexpr (std::is_same_v<T, bool>) {
         return value.asBool();
     } else if constexpr (std::is_same_v<T, double>) {
@@ -125,7 +113,8 @@ inline std::string joined(std::initializer_list<std::string_view> pieces) {
 }
 
 }  // namespace detail
-}  // namespace host
-}  // namespace vorn_3_1
+}  // namespace vorn_3_1::host
+
+#endif  // C++17
 
 #endif
