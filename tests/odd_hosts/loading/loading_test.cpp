@@ -19,28 +19,28 @@ static_assert(unknownIsError == 2 && positionalAfterTerminator == 4);
 static_assert(hyphenNotPositional == 8 && positionalRepeat == 16);
 
 struct Library {
-    Library(const char* filePath, const char* factoryName)
-        : path(filePath), handle(dlopen(path, RTLD_NOW | RTLD_LOCAL)) {
+    Library(const char* soname, const char* factoryName)
+        : name(soname), handle(dlopen(name, RTLD_NOW | RTLD_LOCAL)) {
         EXPECT_NE(handle, nullptr) << dlerror();
         create = reinterpret_cast<int (*)(IParser**, int)>(dlsym(handle, factoryName));
     }
     ~Library() {
         dlclose(handle);
-        void* const left = dlopen(path, RTLD_NOW | RTLD_NOLOAD);
+        void* const left = dlopen(name, RTLD_NOW | RTLD_NOLOAD);
         EXPECT_EQ(left, nullptr) << "the library stays in the process";
     }
     Library(const Library&) = delete;
 
-    const char* path;
+    const char* name;
     void* handle;
     int (*create)(IParser**, int) = nullptr;
 };
 
 struct ThisVersion : Library {
-    ThisVersion() : Library(VORN_LIBRARY, "_ZN8vorn_3_112createParserEPPNS_7IParserEi") {}
+    ThisVersion() : Library("libvorn.so.3.1", "_ZN8vorn_3_112createParserEPPNS_7IParserEi") {}
 };
 struct NextVersion : Library {
-    NextVersion() : Library(VORN_NEXT_LIBRARY, "_ZN8vorn_3_212createParserEPPNS_7IParserEi") {}
+    NextVersion() : Library("libvorn.so.3.2", "_ZN8vorn_3_212createParserEPPNS_7IParserEi") {}
 };
 
 struct Host {
