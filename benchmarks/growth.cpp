@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "questions.h"
 #include "vorn_peer.h"
 
@@ -48,6 +50,22 @@ std::string span(const char* letter, std::size_t from, std::size_t to) {
     return std::string(letter) + "=" + std::to_string(from) + " to " + std::to_string(to);
 }
 
+// Whether all cost the same whatever their number: four sizes, each twice the one before it.
+template <class MakeSubject>
+void writeDoubling(const Settings& settings, Report& report, const std::string& what, std::size_t most,
+                   MakeSubject makeSubject) {
+    std::vector<Subject> subjects;
+    for (std::size_t part = 8; part > 0; part /= 2)
+        subjects.push_back(makeSubject(most / part));
+    const std::vector<Series> series = measure(subjects, settings.plan);
+    std::vector<Row> rows;
+    for (std::size_t i = 0; i < subjects.size(); ++i) {
+        const double each = median(series[i]);
+        rows.push_back({figure(subjects[i].units), figure(each), figure(each * subjects[i].units / 1e6)});
+    }
+    report.table({what, "ns each", "ms in all"}, rows);
+}
+
 }  // namespace
 
 void askGrowth(const Settings& settings, Report& report) {
@@ -70,6 +88,18 @@ void askGrowth(const Settings& settings, Report& report) {
                {[&] { registerOn(small); }, static_cast<double>(small.size())},
                {[&] { registerOn(large); }, static_cast<double>(large.size())});
     growth.write();
+
+    std::vector<std::unique_ptr<End>> ends;
+    writeDoubling(settings, report, "arguments (N=" + std::to_string(fewest) + ")", 2 * settings.many,
+                  [&](std::size_t count) {
+                      ends.push_back(std::make_unique<End>(fewest, count));
+                      return ends.back()->subject();
+                  });
+    std::vector<std::unique_ptr<std::vector<OptionSpec>>> lists;
+    writeDoubling(settings, report, "options", 2 * settings.manyOptions, [&](std::size_t count) {
+        lists.push_back(std::make_unique<std::vector<OptionSpec>>(makeOptions(count)));
+        return Subject{[list = lists.back().get()] { registerOn(*list); }, static_cast<double>(count)};
+    });
 }
 
 }  // namespace bench

@@ -25,7 +25,7 @@ struct OptionSpec {
 
 /// A quarter each of switches, integers and texts; the last quarter alternates numbers and lists.
 /// All names are different; up to 1000 options they have three words, beyond that four.
-constexpr std::size_t mostOptions = 10000;
+constexpr std::size_t mostOptions = 20000;
 std::vector<OptionSpec> makeOptions(std::size_t count);
 
 /// How names are typed: in full, as the shortest beginning that ends in the last word, or with every

@@ -50,7 +50,7 @@ private:
     }
 
     static constexpr std::size_t smallest = 8;
-    static constexpr std::size_t largest = 512;
+    static constexpr std::size_t largest = 128;
 
     Block* newest = nullptr;
 };

@@ -5,7 +5,7 @@
 namespace vorn_3_1::internal {
 
 namespace {
-constexpr std::size_t largestBlock = 16384;
+constexpr std::size_t largestBlock = 4096;
 }
 
 char* TextArena::obtain(std::size_t bytes) {

@@ -24,7 +24,7 @@ int ParseResult::store(const OptionDescription& option, OptionData& data) {
 }
 
 void ParseResult::storeByName(const OptionDescription& option, OptionData& data) {
-    const Names list = namesOf(option);
+    const Names& list = namesOf(option);
     if (list[0]->record == nullptr) {
         // The first occurrence replaces whatever other options have left under the further names.
         Record& fresh = records.add();
@@ -60,7 +60,7 @@ int ParseResult::applyDefault(const RegisteredOptionStorage& storage) {
 }
 
 void ParseResult::recordDefault(const OptionDescription& option) {
-    const Names list = namesOf(option);
+    const Names& list = namesOf(option);
     if (list.empty()) return;
     if (std::all_of(list.begin(), list.end(), [](const Name* name) { return name->record == nullptr; })) {
         share(list, records.add(), option.nameListId());
@@ -88,16 +88,15 @@ ParseResult::Name* ParseResult::find(const OptionName& name) {
 }
 
 // The entries of the option's names, made where they are missing; a made one counts as not entered.
-ParseResult::Names ParseResult::namesOf(const OptionDescription& option) {
-    Names list;
-    list.reserve(option.names().size());
+const ParseResult::Names& ParseResult::namesOf(const OptionDescription& option) {
+    namesInHand.clear();
     for (const OptionName& name : option.names()) {
         options.reserve(1);
         auto& slot = options.slotFor(name.text, name.hash);
-        if (slot.isFree()) options.add(slot, garbage.keep(name.text), name.hash, &names.add());
-        list.push_back(slot.payload);
+        if (slot.isFree()) options.add(slot, texts.copy(name.text), name.hash, &names.add());
+        namesInHand.push_back(slot.payload);
     }
-    return list;
+    return namesInHand;
 }
 
 bool ParseResult::areDistinct(const Names& list) {

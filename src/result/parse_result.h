@@ -89,7 +89,7 @@ private:
     // Store.
     using Names = std::vector<Name*>;
     Name* find(const OptionName& name);
-    Names namesOf(const OptionDescription& option);
+    const Names& namesOf(const OptionDescription& option);
     void storeByName(const OptionDescription& option, OptionData& data);
     void storeApart(const Names& list, OptionData& data);
     void recordDefault(const OptionDescription& option);
@@ -110,12 +110,13 @@ private:
     template <class Query>
     static Value answer(Query query);
 
+    Names namesInHand;  // what namesOf answered last, kept for its memory only
     Pool<Name> names;
     Pool<Record> records;
     Pool<Occurrence> occurrences;
     Pool<StoredValue> values;
-    TextTable<Name*> options;  // keys kept by garbage
-    TextArena texts;           // of the stored values
+    TextTable<Name*> options;  // keys kept by texts
+    TextArena texts;           // of names and of stored values
     Garbage garbage;
     std::vector<Argument> arguments;
 
