@@ -10,7 +10,11 @@ install(DIRECTORY include/ DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT d
   FILES_MATCHING PATTERN "*.h"
 )
 if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/docs/vorn.7")
-  install(FILES docs/vorn.7 DESTINATION "${CMAKE_INSTALL_MANDIR}/man7" COMPONENT development)
+  # Compressed, as packages want it.
+  find_program(VORN_GZIP gzip REQUIRED)
+  execute_process(COMMAND "${VORN_GZIP}" -9nc docs/vorn.7 WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}"
+    OUTPUT_FILE "${PROJECT_BINARY_DIR}/vorn.7.gz" COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES "${PROJECT_BINARY_DIR}/vorn.7.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man7" COMPONENT development)
 endif()
 
 install(EXPORT vornTargets FILE vornTargets.cmake NAMESPACE vorn:: DESTINATION "${vornPackageDir}"
