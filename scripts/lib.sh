@@ -4,8 +4,15 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 jobs=$(nproc 2> /dev/null || echo 2)
 export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$jobs}
 
-# Probes for what is no command: a 32-bit C++ runtime to link with.
-has_multilib() { [[ -e $(g++ -m32 -print-file-name=libstdc++.so 2> /dev/null) ]]; }
+# A 32-bit C++ runtime to link with. Only linking tells: asked for a file, the compiler names the 64-bit one.
+has_multilib() {
+    local program code=0
+    program=$(mktemp)
+    g++ -m32 -x c++ -o "$program" - <<< '#include <string>
+int main() {}' 2> /dev/null || code=$?
+    rm -f "$program"
+    return "$code"
+}
 
 # A probe is a function of the name, a file's path, or a command.
 is_there() {
