@@ -2,12 +2,15 @@
 #ifndef TAMSU2_VARIANT_H
 #define TAMSU2_VARIANT_H
 
-#include <cstddef>
-#include <cstdint>
-
 #include "vorn/export.h"
 
 namespace tamsu2 {
+
+// The types that the standard's headers call by these names in std. No header is included for them: the
+// standard's cost a host more compile time than the whole interface does.
+using size_t = decltype(sizeof(0));
+using int32_t = int;
+using uint32_t = unsigned int;
 
 /// What a variant_t holds, and what an option's values are. Every value from 0 to 17 may be cast to
 /// it; the unnamed ones belong to the suite's other libraries and carry no meaning here.
@@ -42,25 +45,24 @@ public:
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
     class VORN_API allocator_t {
     public:
-        virtual void release(void* block);        ///< Gives a block back; never null.
-        virtual void* obtain(std::size_t bytes);  ///< A block of that size, or std::bad_alloc.
+        virtual void release(void* block);   ///< Gives a block back; never null.
+        virtual void* obtain(size_t bytes);  ///< A block of that size, or std::bad_alloc.
     };
 #pragma GCC diagnostic pop
     static allocator_t m_mem;
 
-    variant_t() noexcept : tag(qel_empty) {}  ///< Empty: kind 17.
-    variant_t(bool value) noexcept : payload(value ? 1 : 0), tag(qel_bool) {}
-    variant_t(int value) noexcept : payload(value), tag(qel_int) {}
-    variant_t(unsigned int value) noexcept : payload(value), tag(qel_uint) {}
+    variant_t() noexcept : tag(qel_empty) { payload.bits = 0; }  ///< Empty: kind 17.
+    variant_t(bool value) noexcept;
+    variant_t(int value) noexcept;
+    variant_t(unsigned int value) noexcept;
     variant_t(long value) noexcept;           ///< The signed kind of the same width.
     variant_t(unsigned long value) noexcept;  ///< The unsigned kind of the same width.
-    variant_t(long long value) noexcept : payload(value), tag(qel_int64) {}
-    variant_t(unsigned long long value) noexcept
-        : payload(static_cast<std::int64_t>(value)), tag(qel_uint64) {}
-    variant_t(double value) noexcept : tag(qel_double) { payload.number = value; }
+    variant_t(long long value) noexcept;
+    variant_t(unsigned long long value) noexcept;
+    variant_t(double value) noexcept;
     variant_t(const char* text);                              ///< Copied; a null pointer stays null.
     variant_t(const wchar_t* text);                           ///< Copied; a null pointer stays null.
-    variant_t(const void* bytes, std::uint32_t count);        ///< Copied; null bytes stay null.
+    variant_t(const void* bytes, uint32_t count);             ///< Copied; null bytes stay null.
     static variant_t borrowed(const char* text) noexcept;     ///< Kind 14; the caller keeps the text.
     static variant_t borrowed(const wchar_t* text) noexcept;  ///< Kind 15; the caller keeps the text.
 
@@ -69,12 +71,11 @@ public:
     variant_t(variant_t&& other) noexcept : payload(other.payload), tag(other.tag) { other.tag = qel_empty; }
     variant_t& operator=(const variant_t& other);
     variant_t& operator=(variant_t&& other) noexcept {
-        if (this != &other) {
-            releaseOwned();
-            payload = other.payload;
-            tag = other.tag;
-            other.tag = qel_empty;
-        }
+        if (this == &other) return *this;
+        releaseOwned();
+        payload = other.payload;
+        tag = other.tag;
+        other.tag = qel_empty;
         return *this;
     }
     ~variant_t() { releaseOwned(); }
@@ -95,7 +96,7 @@ public:
     const char* asString() const noexcept;
     const wchar_t* asWString() const noexcept;
     const void* asBlock() const noexcept;
-    std::uint32_t blockSize() const noexcept;  ///< In bytes; 0 when there is no block.
+    uint32_t blockSize() const noexcept;  ///< In bytes; 0 when there is no block.
 
     /// Equality by kinds. Integers compare by their 8 bytes whatever their kinds, so an `int` -1
     /// equals the largest unsigned 64-bit value. An integer meets a double as an unsigned 64-bit
@@ -106,12 +107,9 @@ public:
 
 private:
     union storage_t {
-        std::int64_t bits;
+        long long bits;
         double number;
         void* pointer;
-
-        storage_t() noexcept : bits(0) {}
-        explicit storage_t(std::int64_t value) noexcept : bits(value) {}
     };
 
     void releaseOwned() noexcept {
@@ -121,7 +119,7 @@ private:
     void release() noexcept;
 
     storage_t payload;
-    std::int32_t tag;
+    int32_t tag;
 };
 
 }  // namespace tamsu2

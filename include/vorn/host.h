@@ -15,7 +15,8 @@
 #ifndef VORN_HOST_H
 #define VORN_HOST_H
 
-// Below C++17 there is nothing here, so that a host that includes every header compiles.
+// Below C++17 there is nothing here but a message for whoever uses it, so that a host that merely includes every
+// header compiles.
 #if __cplusplus >= 201703L
 
 #include <climits>
@@ -545,6 +546,20 @@ inline Result Parser::parseOrExit(int argc, char** argv) {
 }
 
 }  // namespace vorn_3_1::host
+
+#else
+
+namespace vorn_3_1 {
+namespace host {
+
+template <bool isCxx17>
+struct CompanionHeader {
+    static_assert(isCxx17, "vorn/host.h needs C++17; below it, use vorn/vorn.h");
+};
+using Parser = CompanionHeader<false>;
+
+}  // namespace host
+}  // namespace vorn_3_1
 
 #endif  // C++17
 

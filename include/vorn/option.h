@@ -35,7 +35,7 @@ public:
     /// order of registration ever receives any; the help text lists none of them.
     virtual IOption* positional() = 0;
 
-    virtual ~IOption() {}
+    virtual ~IOption() = default;
 };
 
 }  // namespace vorn_3_1

@@ -25,27 +25,17 @@ class EventHandler {
 public:
     /// Raised once per occurrence of an option, with its first name, before its values are read; also
     /// when a value then turns out to be invalid. The result is ignored.
-    virtual bool onOptionParse(const char* name) {
-        (void)name;
-        return true;
-    }
+    virtual bool onOptionParse(const char* /*name*/) { return true; }
 
     /// Raised for every value, or list item, that has passed conversion and the allowed values, before
     /// the occurrence is stored; not for options without a value. `value.text` is as typed. False
     /// refuses the value: the parse ends with code 1, and later handlers are not asked.
-    virtual bool onValueParse(const char* name, const Value& value) {
-        (void)name;
-        (void)value;
-        return true;
-    }
+    virtual bool onValueParse(const char* /*name*/, const Value& /*value*/) { return true; }
 
     /// Raised for every argument that nothing takes. All handlers are asked; false from any of them
     /// says that it has dealt with the argument, which is then no error under unknownIsError.
     /// (The spelling is part of the interface.)
-    virtual bool onUknownArgument(const char* argument) {
-        (void)argument;
-        return true;
-    }
+    virtual bool onUknownArgument(const char* /*argument*/) { return true; }
 };
 
 /// Bits of createParser's flags; all other bits have no effect.
@@ -114,7 +104,7 @@ public:
     /// Removes a handler. False if it was not there.
     virtual bool removeHandler(EventHandler* handler) = 0;
 
-    virtual ~IParser() {}
+    virtual ~IParser() = default;
 };
 
 /// Makes a parser, which the host owns and releases with destroy. `flags` is a set of ParserFlags.

@@ -2,12 +2,13 @@
 #ifndef VORN_RESULT_H
 #define VORN_RESULT_H
 
-#include <climits>
-
 #include "vorn/export.h"
 #include "vorn/value.h"
 
 namespace vorn_3_1 {
+
+/// INT_MAX, which <climits> would bring: behind every position number, and the sign of none.
+constexpr int maxPosition = 2147483647;
 
 /// The outcome of one or more parses; a second parse into the same result appends. Slot order is
 /// contract.
@@ -29,13 +30,13 @@ public:
 
     /// Whether the option occurred at a position in [low, high), or has a default and did not occur
     /// at all. The following next answers with the first value, the default included.
-    virtual bool present(const char* name, int low = 0, int high = INT_MAX) = 0;
+    virtual bool present(const char* name, int low = 0, int high = maxPosition) = 0;
 
     /// The first value, if the option occurred at a position in [low, high); values start at position
     /// `low`, and one at exactly `high` is still delivered. For an option given without values: the
     /// position of the occurrence, with a null text. For an option that did not occur: its default,
     /// whatever the range. Status 1 is a miss, 3 a std::exception.
-    virtual Value get(const char* name, int low = 0, int high = INT_MAX) = 0;
+    virtual Value get(const char* name, int low = 0, int high = maxPosition) = 0;
 
     /// The next value of the iteration that the last get or present began, whatever the name.
     virtual Value next(const char* name) = 0;
@@ -51,13 +52,13 @@ public:
     /// The argument after the one delivered last; codes as for getFirstArgument.
     virtual int getNextArgument(const char** out) = 0;
 
-    virtual ~IParseResult() {}
+    virtual ~IParseResult() = default;
 };
 
 /// The last value of the option in the range of positions: get and next until a miss. For an option
 /// given without values: its last occurrence. A null result or name, and any failure of the first
 /// get, answer as not found: status 1.
-VORN_API Value getLastValue(IParseResult* result, const char* name, int low = 0, int high = INT_MAX);
+VORN_API Value getLastValue(IParseResult* result, const char* name, int low = 0, int high = maxPosition);
 
 }  // namespace vorn_3_1
 

@@ -2,8 +2,6 @@
 #ifndef VORN_VALUE_H
 #define VORN_VALUE_H
 
-#include <cstdint>
-
 #include "tamsu2/variant.h"
 
 namespace vorn_3_1 {
@@ -14,10 +12,10 @@ namespace vorn_3_1 {
 /// A query that finds nothing answers with `text` null, a `status` other than 0, `position` INT_MAX
 /// and an empty `value`.
 struct Value {
-    const char* text;     ///< The value's text, or null. Kept by the parser (events) or the result (queries).
-    std::int32_t status;  ///< 0 when the record holds a value; 1 for a miss; 3 after a std::exception.
-    std::int32_t position;    ///< Position number; INT_MAX when nothing was found.
-    tamsu2::variant_t value;  ///< The typed value; empty for an option without values.
+    const char* text;  ///< The value's text, or null. Kept by the parser (events) or the result (queries).
+    tamsu2::int32_t status;    ///< 0 when the record holds a value; 1 for a miss; 3 after a std::exception.
+    tamsu2::int32_t position;  ///< Position number; INT_MAX when nothing was found.
+    tamsu2::variant_t value;   ///< The typed value; empty for an option without values.
 
     /// as<const char*>() is the one form there is.
     template <class T>

@@ -1,12 +1,18 @@
 #include "tamsu2/variant.h"
 
 #include <bit>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <cwchar>
 #include <limits>
+#include <type_traits>
 #include <utility>
 
 namespace tamsu2 {
+
+static_assert(std::is_same_v<size_t, std::size_t> && std::is_same_v<int32_t, std::int32_t> &&
+              std::is_same_v<uint32_t, std::uint32_t> && sizeof(long long) == 8);
 
 namespace {
 
@@ -108,15 +114,33 @@ void* variant_t::allocator_t::obtain(std::size_t bytes) { return ::operator new(
 // Set up at link time, so that hosts may build variants in their own static constructors.
 constinit variant_t::allocator_t variant_t::m_mem;
 
-variant_t::variant_t(long value) noexcept
-    : payload(value), tag(sizeof(long) == sizeof(int) ? qel_int : qel_int64) {}
+variant_t::variant_t(bool value) noexcept : tag(qel_bool) { payload.bits = value ? 1 : 0; }
+variant_t::variant_t(int value) noexcept : tag(qel_int) { payload.bits = value; }
+variant_t::variant_t(unsigned int value) noexcept : tag(qel_uint) { payload.bits = value; }
+variant_t::variant_t(long value) noexcept : tag(sizeof(long) == sizeof(int) ? qel_int : qel_int64) {
+    payload.bits = value;
+}
 variant_t::variant_t(unsigned long value) noexcept
-    : payload(static_cast<std::int64_t>(value)), tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {}
+    : tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {
+    payload.bits = static_cast<long long>(value);
+}
+variant_t::variant_t(long long value) noexcept : tag(qel_int64) { payload.bits = value; }
+variant_t::variant_t(unsigned long long value) noexcept : tag(qel_uint64) {
+    payload.bits = static_cast<long long>(value);
+}
+variant_t::variant_t(double value) noexcept : tag(qel_double) { payload.number = value; }
 
-variant_t::variant_t(const char* text) : tag(qel_string) { payload.pointer = copyOfText(text); }
-variant_t::variant_t(const wchar_t* text) : tag(qel_wstring) { payload.pointer = copyOfText(text); }
+variant_t::variant_t(const char* text) : tag(qel_string) {
+    payload.bits = 0;
+    payload.pointer = copyOfText(text);
+}
+variant_t::variant_t(const wchar_t* text) : tag(qel_wstring) {
+    payload.bits = 0;
+    payload.pointer = copyOfText(text);
+}
 
 variant_t::variant_t(const void* bytes, std::uint32_t count) : tag(qel_block) {
+    payload.bits = 0;
     if (bytes == nullptr) return;
     char* block = static_cast<char*>(memory().obtain(countBytes + count));
     std::memcpy(block, &count, countBytes);
