@@ -25,7 +25,6 @@ constexpr std::string_view logSwitch = "vornoption=vornlogenable=1";
 ParseResult* implementationOf(IParseResult* result) { return static_cast<ParseResult*>(result); }
 
 void append(ArgumentList& args, int argc, char** argv) {
-    args.reserve(static_cast<std::size_t>(argc - 1));
     for (int i = 1; i < argc; ++i) {
         if (argv == nullptr || argv[i] == nullptr) throw std::invalid_argument("null argument");
         args.append(argv[i]);

@@ -18,9 +18,9 @@ std::string_view Garbage::find(std::string_view text, Own own) {
     if (text.empty()) return empty;
     texts.reserve(1);
     const std::uint32_t hash = hashOf(text);
-    auto& slot = texts.slotFor(text, hash);
-    if (slot.isFree()) texts.add(slot, own(text), hash, {});
-    return slot.key();
+    TextEntry& entry = texts.entryFor(text, hash);
+    if (entry.isFree()) texts.add(entry, {own(text), hash});
+    return entry.key();
 }
 
 }  // namespace vorn_3_1::internal

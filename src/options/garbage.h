@@ -26,13 +26,11 @@ public:
     std::string_view adopt(std::string_view text);
 
 private:
-    struct Nothing {};
-
     template <class Own>
     std::string_view find(std::string_view text, Own own);
 
     TextArena arena;
-    TextTable<Nothing> texts;
+    TextTable<TextEntry> texts;
 };
 
 }  // namespace vorn_3_1::internal

@@ -15,10 +15,10 @@ void OptionIndex::addName(const RegisteredName& name, std::uint32_t hash) noexce
         spelling.option = std::min(spelling.option, name.option);
         ++spelling.count;
     };
-    auto& slot = uses.slotFor(name.text, hash);
-    if (slot.isFree()) uses.add(slot, name.text, hash, {});
-    count(slot.payload.options);
-    if (name.isSwitch) count(slot.payload.switches);
+    NameUse& known = uses.entryFor(name.text, hash);
+    if (known.isFree()) uses.add(known, {{name.text, hash}, {}, {}});
+    count(known.options);
+    if (name.isSwitch) count(known.switches);
     journal.push_back(name);
 }
 
@@ -30,18 +30,15 @@ void OptionIndex::addDefaulted(unsigned option) {
 }
 
 OptionIndex::Spelling OptionIndex::find(std::string_view name) const {
-    Spelling spelling = use(name).options;
+    const NameUse* known = uses.find(name);
+    Spelling spelling = known == nullptr ? Spelling{} : known->options;
     if (name.starts_with(negation)) {
-        const Spelling negated = use(name.substr(negation.size())).switches;
-        spelling.option = std::min(spelling.option, negated.option);
-        spelling.count += negated.count;
+        if (const NameUse* negated = uses.find(name.substr(negation.size()))) {
+            spelling.option = std::min(spelling.option, negated->switches.option);
+            spelling.count += negated->switches.count;
+        }
     }
     return spelling;
-}
-
-OptionIndex::NameUse OptionIndex::use(std::string_view name) const {
-    const auto* slot = uses.find(name);
-    return slot == nullptr ? NameUse{} : slot->payload;
 }
 
 }  // namespace vorn_3_1::internal

@@ -50,12 +50,10 @@ public:
     const std::vector<unsigned>& defaulted() const { return withDefault; }
 
 private:
-    struct NameUse {
+    struct NameUse : TextEntry {
         Spelling options;
         Spelling switches;
     };
-
-    NameUse use(std::string_view name) const;
 
     TextTable<NameUse> uses;
     std::vector<RegisteredName> journal;

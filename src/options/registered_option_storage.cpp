@@ -1,5 +1,6 @@
 #include "options/registered_option_storage.h"
 
+#include <algorithm>
 #include <exception>
 #include <ostream>
 #include <utility>
@@ -62,18 +63,19 @@ unsigned RegisteredOptionStorage::fileGroup(std::string_view group) {
     const std::size_t colon = group.find(':');
     const std::string_view name = group.substr(0, colon);
     const std::uint32_t hash = hashOf(name);
-    if (const auto* known = groupsByName.find(name, hash)) return known->payload;
+    if (const auto* known = groupsByName.find(name, hash)) return known->index;
 
     const std::string_view title = colon == std::string_view::npos ? "" : group.substr(colon + 1);
     groupsByName.reserve(1);
     groupList.push_back({texts.copy(name), texts.copy(title)});
     const auto index = static_cast<unsigned>(groupList.size() - 1);
-    groupsByName.add(groupsByName.slotFor(name, hash), groupList.back().name, hash, index);
+    groupsByName.add(groupsByName.entryFor(name, hash), {{groupList.back().name, hash}, index});
     return index;
 }
 
 std::vector<OptionName> RegisteredOptionStorage::split(std::string_view names) {
     std::vector<OptionName> list;
+    list.reserve(static_cast<std::size_t>(std::ranges::count(names, ',')) + 1);
     SeparatedText pieces(names, ',');
     for (std::string_view piece; pieces.next(piece);)
         list.push_back({texts.copy(piece), hashOf(piece)});

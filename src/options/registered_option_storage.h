@@ -45,6 +45,10 @@ public:
     int isAdded(std::string_view name, unsigned& option) const;
 
 private:
+    struct FiledGroup : TextEntry {
+        unsigned index = 0;
+    };
+
     IOption* add(const char* names, const char* description, tamsu2::qel_variant_type_t type,
                  const char* group);
     unsigned fileGroup(std::string_view group);
@@ -57,7 +61,7 @@ private:
     Pool<OptionDescription> pool;
     std::vector<OptionDescription*> descriptions;  // by index
     std::vector<OptionGroup> groupList;
-    TextTable<unsigned> groupsByName;
+    TextTable<FiledGroup> groupsByName;
     Garbage* keeper;
     OptionDescription fallback;
 };

@@ -1,4 +1,4 @@
-// A table from texts to small payloads: what the keepers, the registry and the results look names up in.
+// A table of what is known by a text: what the keepers, the registry and the results look names up in.
 #ifndef VORN_OPTIONS_TEXT_TABLE_H
 #define VORN_OPTIONS_TEXT_TABLE_H
 
@@ -15,57 +15,53 @@ inline std::uint32_t hashOf(std::string_view text) {
     return static_cast<std::uint32_t>(std::hash<std::string_view>{}(text));
 }
 
-/// A hash table with open addressing. It refers to its texts, so their owner outlives it; nothing is
-/// ever removed.
-template <class Payload>
+/// An entry for a text, to which a derived class adds what is known by it.
+struct TextEntry {
+    TextEntry() = default;
+    TextEntry(std::string_view ownText, std::uint32_t ownHash)
+        : text(ownText.data()), length(static_cast<std::uint32_t>(ownText.size())), hash(ownHash) {}
+
+    bool isFree() const { return text == nullptr; }
+    std::string_view key() const { return {text, length}; }
+
+    const char* text = nullptr;
+    std::uint32_t length = 0;
+    std::uint32_t hash = 0;
+};
+
+/// A hash table with open addressing over entries that have key(), hash and isFree(), the last true of a new one.
+/// The texts are not the table's, so their owner outlives it; nothing is ever removed.
+template <class Entry>
 class TextTable {
 public:
-    class Slot {
-    public:
-        bool isFree() const { return text == nullptr; }
-        std::string_view key() const { return {text, length}; }
-
-        [[no_unique_address]] Payload payload{};
-
-    private:
-        friend class TextTable;
-
-        const char* text = nullptr;
-        std::uint32_t length = 0;
-        std::uint32_t hash = 0;
-    };
-
-    /// The text's slot, or null. Good until the next reserve.
-    const Slot* find(std::string_view text, std::uint32_t hash) const {
-        if (slots.empty()) return nullptr;
-        const Slot& slot = slots[place(text, hash)];
-        return slot.isFree() ? nullptr : &slot;
+    /// The text's entry, or null. Good until the next reserve.
+    const Entry* find(std::string_view text, std::uint32_t hash) const {
+        if (entries.empty()) return nullptr;
+        const Entry& entry = entries[place(text, hash)];
+        return entry.isFree() ? nullptr : &entry;
     }
-    const Slot* find(std::string_view text) const { return find(text, hashOf(text)); }
+    const Entry* find(std::string_view text) const { return find(text, hashOf(text)); }
 
     /// Makes room for `more` further texts. The only operation that may throw.
     void reserve(std::size_t more) {
-        if ((used + more) * 4 > slots.size() * 3) grow(used + more);
+        if ((used + more) * 4 > entries.size() * 3) grow(used + more);
     }
 
-    /// The text's slot, or a free one in which add may put the text. There has to be room for it.
-    Slot& slotFor(std::string_view text, std::uint32_t hash) { return slots[place(text, hash)]; }
+    /// The text's entry, or a free one for add to fill. There has to be room for it.
+    Entry& entryFor(std::string_view text, std::uint32_t hash) { return entries[place(text, hash)]; }
 
-    /// Fills a free slot that slotFor has given for an equal text.
-    void add(Slot& slot, std::string_view text, std::uint32_t hash, const Payload& payload) {
-        slot.text = text.data();
-        slot.length = static_cast<std::uint32_t>(text.size());
-        slot.hash = hash;
-        slot.payload = payload;
+    /// Fills a free entry that entryFor has given for an equal text.
+    void add(Entry& free, const Entry& entry) {
+        free = entry;
         ++used;
     }
 
 private:
-    // The slot that holds the text, or the free one where it belongs.
+    // The entry of the text, or the free one where it belongs.
     std::size_t place(std::string_view text, std::uint32_t hash) const {
-        const std::size_t mask = slots.size() - 1;
+        const std::size_t mask = entries.size() - 1;
         std::size_t index = hash & mask;
-        while (!slots[index].isFree() && (slots[index].hash != hash || slots[index].key() != text)) {
+        while (!entries[index].isFree() && (entries[index].hash != hash || entries[index].key() != text)) {
             index = (index + 1) & mask;
         }
         return index;
@@ -75,19 +71,19 @@ private:
         std::size_t size = 16;
         while (size * 3 < count * 4)
             size *= 2;
-        std::vector<Slot> old(size);
-        old.swap(slots);
+        std::vector<Entry> old(size);
+        old.swap(entries);
         const std::size_t mask = size - 1;
-        for (const Slot& slot : old) {
-            if (slot.isFree()) continue;
-            std::size_t index = slot.hash & mask;
-            while (!slots[index].isFree())
+        for (const Entry& entry : old) {
+            if (entry.isFree()) continue;
+            std::size_t index = entry.hash & mask;
+            while (!entries[index].isFree())
                 index = (index + 1) & mask;
-            slots[index] = slot;
+            entries[index] = entry;
         }
     }
 
-    std::vector<Slot> slots;  // a power of two of them, at most three quarters in use
+    std::vector<Entry> entries;  // a power of two of them, at most three quarters in use
     std::size_t used = 0;
 };
 

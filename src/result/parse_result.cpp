@@ -66,7 +66,7 @@ void ParseResult::recordDefault(const OptionDescription& option) {
         share(list, records.add(), option.nameListId());
     }
     Record* common = commonRecord(list);
-    const std::string_view text = garbage.keep(option.toString(option.keeper(), option.defaultValue()));
+    const char* text = garbage.init(option.toString(option.keeper(), option.defaultValue()));
     const auto set = [&](Record& record) {
         record.defaultVariant = option.defaultValue();
         record.defaultText = text;
@@ -83,8 +83,8 @@ void ParseResult::addArgument(std::string_view argument, std::int32_t position) 
 }
 
 ParseResult::Name* ParseResult::find(const OptionName& name) {
-    const auto* slot = options.find(name.text, name.hash);
-    return slot == nullptr ? nullptr : slot->payload;
+    const NameEntry* entry = options.find(name.text, name.hash);
+    return entry == nullptr ? nullptr : entry->name;
 }
 
 // The entries of the option's names, made where they are missing; a made one counts as not entered.
@@ -92,9 +92,9 @@ const ParseResult::Names& ParseResult::namesOf(const OptionDescription& option) 
     namesInHand.clear();
     for (const OptionName& name : option.names()) {
         options.reserve(1);
-        auto& slot = options.slotFor(name.text, name.hash);
-        if (slot.isFree()) options.add(slot, texts.copy(name.text), name.hash, &names.add());
-        namesInHand.push_back(slot.payload);
+        NameEntry& entry = options.entryFor(name.text, name.hash);
+        if (entry.isFree()) options.add(entry, {&names.add(texts.copy(name.text)), name.hash});
+        namesInHand.push_back(entry.name);
     }
     return namesInHand;
 }
@@ -163,7 +163,7 @@ ParseResult::Given ParseResult::prepare(OptionData& data) {
         // Queries hand texts out as far as their first NUL, and the one text that holds any begins with it.
         const std::string_view text = record.text.starts_with('\0') ? "" : record.text;
         prepared.values.link(
-            values.add(texts.copy(text).data(), false, std::move(record.value), record.position, nullptr));
+            values.add(texts.copy(text).data(), std::move(record.value), nullptr, record.position, false));
     }
     return prepared;
 }
@@ -177,7 +177,7 @@ ParseResult::Given ParseResult::prepareCopy(const Given& source) {
     for (const auto* place = source.values.begin(); *place != nullptr;
          place = Chain<StoredValue>::after(place)) {
         const StoredValue& value = **place;
-        copy.values.link(values.add(value.text, value.isKept, value.value, value.position, nullptr));
+        copy.values.link(values.add(value.text, value.value, nullptr, value.position, value.isKept));
     }
     return copy;
 }

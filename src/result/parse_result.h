@@ -54,12 +54,13 @@ private:
         std::int32_t position;
         Occurrence* next;
     };
+    // In the order that leaves no gaps: there is one for every value.
     struct StoredValue {
         const char* text;
-        bool isKept;              // by garbage; until a host asks for the text, it is only there
         tamsu2::variant_t value;  // empty where the text itself is the value
-        std::int32_t position;
         StoredValue* next;
+        std::int32_t position;
+        bool isKept;  // by garbage; until a host asks for the text, it is only in texts
     };
     struct Given {
         Chain<Occurrence> occurrences;
@@ -71,15 +72,27 @@ private:
         }
     };
     struct Record {
-        unsigned users = 0;            // how many names share it
         std::uint64_t nameListId = 0;  // the list whose names, all and only, share it; 0 when unknown
         Given given;
-        std::string_view defaultText = "";  // kept by garbage
         tamsu2::variant_t defaultVariant;
+        const char* defaultText = "";  // kept by garbage
+        unsigned users = 0;            // how many names share it
     };
     struct Name {
+        explicit Name(std::string_view ownText)
+            : text(ownText.data()), length(static_cast<std::uint32_t>(ownText.size())) {}
+
+        const char* text;          // kept by texts
         Record* record = nullptr;  // null: not entered
+        std::uint32_t length;
         std::int32_t defaultPosition = 0;
+    };
+    struct NameEntry {
+        bool isFree() const { return name == nullptr; }
+        std::string_view key() const { return {name->text, name->length}; }
+
+        Name* name = nullptr;
+        std::uint32_t hash = 0;
     };
     struct Argument {
         const char* text;  // kept by garbage
@@ -115,8 +128,8 @@ private:
     Pool<Record> records;
     Pool<Occurrence> occurrences;
     Pool<StoredValue> values;
-    TextTable<Name*> options;  // keys kept by texts
-    TextArena texts;           // of names and of stored values
+    TextTable<NameEntry> options;
+    TextArena texts;  // of names and of stored values
     Garbage garbage;
     std::vector<Argument> arguments;
 

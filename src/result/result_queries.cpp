@@ -54,8 +54,8 @@ int ParseResult::find(const char* name, const char** text, tamsu2::variant_t& va
                       std::int32_t& position) {
     rangeLow = low;
     rangeHigh = high;
-    const auto* slot = name == nullptr ? nullptr : options.find(name);
-    currentEntry = slot == nullptr || slot->payload->record == nullptr ? nullptr : slot->payload;
+    const NameEntry* entry = name == nullptr ? nullptr : options.find(name);
+    currentEntry = entry == nullptr || entry->name->record == nullptr ? nullptr : entry->name;
     valueCursor = nullptr;
     occurrenceCursor = nullptr;
     if (currentEntry == nullptr) return notFound;
@@ -105,13 +105,13 @@ int ParseResult::advance(const char** text, tamsu2::variant_t& value, std::int32
 
 void ParseResult::deliverDefault(const char** text, tamsu2::variant_t& value, std::int32_t& position) const {
     value = currentEntry->record->defaultVariant;
-    if (text != nullptr) *text = currentEntry->record->defaultText.data();
+    if (text != nullptr) *text = currentEntry->record->defaultText;
     position = currentEntry->defaultPosition;
 }
 
 bool ParseResult::isDefaultedOnly() const {
     const Record& record = *currentEntry->record;
-    return record.given.occurrences.empty() && !record.defaultText.empty();
+    return record.given.occurrences.empty() && *record.defaultText != '\0';
 }
 
 int ParseResult::nextPosition() {

@@ -41,16 +41,16 @@ TEST(Garbage, keepsEqualTextsAsOnePointerForGood) {
 TEST(TextTable, tellsTextsApartWhateverTheirHashes) {
     const std::vector<std::string> texts = allTexts("abc", 7);
     for (const std::uint32_t hashes : {16u, 5000u, ~0u}) {
-        TextTable<std::size_t> table;
+        TextTable<TextEntry> table;
         for (std::size_t i = 0; i < texts.size(); ++i) {
             const std::uint32_t hash = hashOf(texts[i]) % hashes;
             ASSERT_EQ(table.find(texts[i], hash), nullptr);
             table.reserve(1);
-            table.add(table.slotFor(texts[i], hash), texts[i], hash, i);
+            table.add(table.entryFor(texts[i], hash), {texts[i], hash});
         }
         for (std::size_t i = 0; i < texts.size(); ++i) {
-            const auto* slot = table.find(texts[i], hashOf(texts[i]) % hashes);
-            ASSERT_TRUE(slot != nullptr && slot->payload == i && slot->key() == texts[i]) << texts[i];
+            const TextEntry* entry = table.find(texts[i], hashOf(texts[i]) % hashes);
+            ASSERT_TRUE(entry != nullptr && entry->text == texts[i].data()) << texts[i];
         }
     }
 }
