@@ -17,11 +17,17 @@ std::ostream& vornLog();
 /// Writes the pieces to vornLog() as one flushed line.
 void writeLogLine(std::initializer_list<std::string_view> pieces);
 
+// Out of its caller's way: the caller needs no room for the pieces while the log is off.
+template <class... Pieces>
+[[gnu::cold, gnu::noinline]] void writePieces(const Pieces&... pieces) {
+    writeLogLine({std::string_view(pieces)...});
+}
+
 /// The same, but while the log is off no piece is touched.
 template <class... Pieces>
-void logLine(const Pieces&... pieces) {
+inline void logLine(const Pieces&... pieces) {
     if (vornLogEnabled) [[unlikely]]
-        writeLogLine({std::string_view(pieces)...});
+        writePieces(pieces...);
 }
 
 }  // namespace vorn_3_1::internal

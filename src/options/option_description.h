@@ -51,7 +51,11 @@ public:
 
     const std::vector<OptionName>& names() const { return record->names; }
     /// Followed by a NUL. Throws std::out_of_range when the option has no names.
-    std::string_view firstName() const { return record->names.at(0).text; }
+    std::string_view firstName() const {
+        if (names().empty()) [[unlikely]]
+            throwNoName();
+        return names().front().text;
+    }
     unsigned group() const { return record->group; }
     std::string_view description() const { return record->description; }
     bool isPositional() const { return record->isPositional; }
@@ -96,6 +100,8 @@ private:
         Garbage* keeper;
         std::uint64_t nameListId;
     };
+
+    [[noreturn]] static void throwNoName();
 
     template <class Operation>
     bool typedOperation(Operation& operation) const;

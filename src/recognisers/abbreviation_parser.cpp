@@ -1,6 +1,7 @@
 // What a named option's value is, and every way of misusing an option.
 #include "recognisers/abbreviation_parser.h"
 
+#include <optional>
 #include <utility>
 
 #include "core/diagnostic_log.h"
@@ -23,9 +24,8 @@ int AbbreviationParser::parse(ArgumentList& args, IResultCollector* collector,
                       ", could be: ", listOfBestNames()});
         return invalidArgument;
     }
-    // A copy: a handler may shape the option, or register others, while this one is parsed.
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-    const OptionDescription option = storage.description(bestMatches[0].name.option);
+    std::optional<OptionDescription> copy;
+    const OptionDescription& option = snapshotOf(storage.description(bestMatches[0].name.option), copy);
     logLine(name, ": detected option: '", option.firstName(), "'");
 
     ValueSource value{token.value};

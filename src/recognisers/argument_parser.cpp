@@ -15,6 +15,11 @@ std::string IArgumentParser::formatTokenMessage(std::string_view token) const {
     return joined({" in argument: '", token, "'"});
 }
 
+const OptionDescription& IArgumentParser::snapshotOf(const OptionDescription& registered,
+                                                     std::optional<OptionDescription>& copy) const {
+    return context.owner == nullptr ? registered : copy.emplace(registered);
+}
+
 void IArgumentParser::announceOption(const OptionDescription& option) const {
     if (context.owner != nullptr) context.owner->onOptionParse(option.firstName().data());
 }

@@ -3,6 +3,7 @@
 #ifndef VORN_RECOGNISERS_ARGUMENT_PARSER_H
 #define VORN_RECOGNISERS_ARGUMENT_PARSER_H
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -56,6 +57,11 @@ protected:
     /// occurrence without values. Nothing is stored unless all items pass; then the result is 0.
     int parseValueAndAddOption(std::string_view value, std::string& msg, const OptionDescription& option,
                                const ArgumentList& args, IResultCollector* collector);
+
+    /// The option as it is now, for as long as `copy`: a handler may shape the option, or register others, while
+    /// it is parsed. Where nobody listens no copy is made.
+    const OptionDescription& snapshotOf(const OptionDescription& registered,
+                                        std::optional<OptionDescription>& copy) const;
 
     /// Raises onOptionParse with the option's first name.
     void announceOption(const OptionDescription& option) const;

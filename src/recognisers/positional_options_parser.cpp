@@ -19,9 +19,9 @@ int PositionalOptionsParser::recognize(const ArgumentList& args, const Registere
 int PositionalOptionsParser::parse(ArgumentList& args, IResultCollector* collector,
                                    const RegisteredOptionStorage& storage, std::string& msg) {
     logLine(name, ": parsing argument '", args.front(), "'");
-    // A copy: a handler may shape the option, or register others, while this one is parsed.
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-    const OptionDescription option = storage.description(storage.index().firstPositional());
+    std::optional<OptionDescription> copy;
+    const OptionDescription& option =
+        snapshotOf(storage.description(storage.index().firstPositional()), copy);
     logLine(name, ": option is '", option.firstName(), "'");
     do {
         announceOption(option);
