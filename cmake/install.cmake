@@ -16,6 +16,11 @@ if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/docs/vorn.7")
     OUTPUT_FILE "${PROJECT_BINARY_DIR}/vorn.7.gz" COMMAND_ERROR_IS_FATAL ANY)
   install(FILES "${PROJECT_BINARY_DIR}/vorn.7.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man7" COMPONENT development)
 endif()
+foreach(document guide command-line)
+  if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/docs/${document}.md")
+    install(FILES docs/${document}.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
+  endif()
+endforeach()
 
 install(EXPORT vornTargets FILE vornTargets.cmake NAMESPACE vorn:: DESTINATION "${vornPackageDir}"
   COMPONENT development

@@ -45,8 +45,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
   "${vornRuntimePackage} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "command-line parsing with abbreviated names - development files
 ${vornDescription}
-This package holds the headers, the link name, and what CMake and pkg-config
-need to find them.")
+This package holds the headers, the link name, what CMake and pkg-config need
+to find them, and the guide.")
 
 # What dpkg's tools write for a package that links the library: by library, and by name.
 set(vornControl "${PROJECT_BINARY_DIR}/debian")

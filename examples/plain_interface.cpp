@@ -7,7 +7,8 @@
 
 namespace {
 
-/// Refuses a level whose text goes on after the number, and remembers why.
+/// Refuses a level that is more than digits, and remembers why: "3x", which would read as 3, and "-1", "+3" and
+/// "3 " as well.
 class LevelCheck : public vorn_3_1::EventHandler {
 public:
     const char* reason = "";
@@ -39,8 +40,10 @@ void report(vorn_3_1::IParseResult* result) {
     std::printf("level %d, to %s\n", level.value.asInt(), output.text);
 
     vorn_3_1::Value input = result->get("input");
-    for (; input.status == 0; input = result->next("input"))
-        std::printf("input %s\n", input.text);
+    for (; input.status == 0; input = result->next("input")) {
+        // Null if all that was given is an empty argument: an occurrence without a value.
+        if (input.text != nullptr) std::printf("input %s\n", input.text);
+    }
 
     const char* argument = nullptr;
     for (int code = result->getFirstArgument(&argument); code == 0;

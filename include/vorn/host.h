@@ -83,7 +83,8 @@ struct Destroy {
 class Parser;
 
 /// Shapes the option that Parser::add has just registered, in the same expression: its operations are for
-/// temporaries only, so that no builder outlives the next registration.
+/// temporaries only, so that no builder outlives the next registration. One that is kept in a variable gets an
+/// error that says so.
 template <class T>
 class Option {
 public:
@@ -93,11 +94,12 @@ public:
     /// Adds allowed values; no other value is accepted then. Users may type an unambiguous beginning of a text.
     template <class... V>
     Option&& allow(const V&... values) && {
-        (builder->allowValue(detail::toVariant<T>(values)), ...);
+        (allowOne(detail::toVariant<T>(values)), ...);
         return std::move(*this);
     }
 
-    /// The value of the option when it is not given. It stands before the first argument.
+    /// The value of the option when it is not given. It stands before the first argument. If there are allowed
+    /// values and it is none of them, the next parse throws RegistrationError.
     template <class V>
     Option&& defaultTo(const V& value) && {
         tamsu2::variant_t& kept = table.last().defaultValue;
@@ -122,26 +124,45 @@ public:
 
     /// Makes the option take the arguments that name no option. Throws RegistrationError for a second one.
     Option&& positional() && {
-        static_assert(!std::is_same_v<T, NoValue>,
-                      "an option without a value cannot take positional arguments");
+        static_assert(!detail::isOneOf<T, bool, NoValue>,
+                      "a switch or an option without a value cannot take positional arguments");
         table.makePositional();
         builder->positional();
         return std::move(*this);
     }
 
     /// Has every value judged by `function(T)`, which returns whether it accepts the value, or a text: the
-    /// reason for refusing it, which follows the library's error text, or "" to accept it.
+    /// reason for refusing it, which follows the library's error text, or "" or null to accept it.
     template <class F>
     Option&& check(F function) && {
-        static_assert(std::is_invocable_v<F&, T>, "the function takes a value of the option's type");
+        static_assert(detail::givesVerdict<F, T>(),
+                      "the function takes a value of the option's type and returns whether to accept it: a "
+                      "bool, or the reason against it as a const char* or std::string");
         events.add<detail::CheckHook<T, F>>(std::move(function), table.last().names.front());
         return std::move(*this);
     }
+
+    /// Only there for the compiler to name when it refuses an operation on a variable.
+    struct BuilderIsForOneExpression;
+    template <class... V>
+    BuilderIsForOneExpression allow(const V&...) & = delete;
+    template <class V>
+    BuilderIsForOneExpression defaultTo(const V&) & = delete;
+    BuilderIsForOneExpression synonym(const char*) & = delete;
+    BuilderIsForOneExpression list(char = ',') & = delete;
+    BuilderIsForOneExpression positional() & = delete;
+    template <class F>
+    BuilderIsForOneExpression check(F) & = delete;
 
 private:
     friend class Parser;
     Option(IOption* shaped, detail::RegisteredOptions& known, detail::Events& raised)
         : builder(shaped), table(known), events(raised) {}
+
+    void allowOne(tamsu2::variant_t value) {
+        builder->allowValue(value);
+        table.last().allowedValues.push_back(std::move(value));
+    }
 
     IOption* builder;
     detail::RegisteredOptions& table;
@@ -151,7 +172,7 @@ private:
 /// One value as it was given, or an occurrence without a value.
 struct Given {
     std::string_view option;  ///< The first name of the option.
-    std::string_view text;    ///< The value's text; "" without a value.
+    std::string_view text;    ///< The value's text, "1" or "0" for a switch; "" without a value.
     int position;
     tamsu2::variant_t value;  ///< Empty without a value.
 
@@ -160,7 +181,8 @@ struct Given {
     /// The typed value. Throws std::logic_error when the option is of another type, or without a value.
     template <class T>
     T as() const {
-        if (value.kind() != detail::kindOf<T>()) detail::misread(option, value.kind(), detail::kindOf<T>());
+        constexpr tamsu2::qel_variant_type_t asked = detail::readKindOf<T>();
+        if (value.kind() != asked) detail::misread(option, value.kind(), asked);
         return detail::fromVariant<T>(value, text.data());
     }
 };
@@ -246,9 +268,7 @@ private:
 
     template <class T>
     const detail::Record& find(std::string_view name) const {
-        static_assert(!std::is_same_v<T, NoValue>,
-                      "ask isExplicit or occurrences about an option without a value");
-        return table->find(name, detail::kindOf<T>());
+        return table->find(name, detail::readKindOf<T>());
     }
 
     const char* firstName(std::string_view name) const { return table->find(name).names.front().c_str(); }
@@ -365,6 +385,10 @@ public:
     /// that of Option::check does.
     template <class F>
     Parser& onValue(F function) {
+        static_assert(
+            detail::givesVerdict<F, std::string_view, const Value&>(),
+            "the function takes a std::string_view and a const Value& and returns whether to accept "
+            "the value: a bool, or the reason against it as a const char* or std::string");
         events->add<detail::ValueHook<F>>(std::move(function));
         return *this;
     }
@@ -372,6 +396,8 @@ public:
     /// Calls `function(std::string_view name)` for every occurrence of an option, before its values.
     template <class F>
     Parser& onOption(F function) {
+        static_assert(std::is_invocable_v<F&, std::string_view>,
+                      "the function takes the name of the option, a std::string_view");
         events->add<detail::OptionHook<F>>(std::move(function));
         return *this;
     }
@@ -380,12 +406,15 @@ public:
     /// true: it has dealt with the argument, which is no error then.
     template <class F>
     Parser& onUnknown(F function) {
+        static_assert(std::is_invocable_r_v<bool, F&, std::string_view>,
+                      "the function takes the argument, a std::string_view, and returns a bool: whether it "
+                      "has dealt with it");
         events->add<detail::UnknownHook<F>>(std::move(function));
         return *this;
     }
 
-    /// Parses the command line, appending to `into` if it holds something.
-    [[nodiscard]] Outcome parse(int argc, char** argv, Result into = {});
+    /// Parses the command line, appending to `into` if it holds something. `argv` is only read.
+    [[nodiscard]] Outcome parse(int argc, const char* const* argv, Result into = {});
 
     /// Parses a text with one argument per line, as parseStream does.
     [[nodiscard]] Outcome parseText(const char* text, Result into = {});
@@ -393,7 +422,8 @@ public:
     /// Parses the command line and ends the process unless the host has something to do: help was asked for
     /// (help on standard output, exit code 0) or the parse failed (the error and a hint on standard error,
     /// exit code 2). Registers the option "help" unless there is one. Help wins over errors behind it.
-    [[nodiscard]] Result parseOrExit(int argc, char** argv);
+    /// Appends to `into`, such as the result of a settings text, as parse does.
+    [[nodiscard]] Result parseOrExit(int argc, const char* const* argv, Result into = {});
 
     /// The usage and the help text, with the hidden group or without.
     std::string helpText(bool hidden = false);
@@ -406,7 +436,8 @@ private:
                    const char* group);
     Outcome begin(Result into);
     Outcome finish(Outcome outcome, int code);
-    int parseWithFiles(int argc, char** argv, Outcome& outcome);
+    int parseWords(int argc, const char* const* argv, Outcome& outcome);
+    int parseWithFiles(int argc, const char* const* argv, Outcome& outcome);
     int parseFile(const char* name, bool isLogged, Outcome& outcome);
 
     std::shared_ptr<detail::RegisteredOptions> table;
@@ -454,6 +485,7 @@ inline std::string Parser::helpText(bool hidden) {
 }
 
 inline Outcome Parser::begin(Result into) {
+    table->checkDefaults();
     if (into.raw == nullptr) {
         IParseResult* made = nullptr;
         if (raw->createResult(&made) != 0) throw std::bad_alloc();
@@ -474,10 +506,9 @@ inline Outcome Parser::finish(Outcome outcome, int code) {
     return outcome;
 }
 
-inline Outcome Parser::parse(int argc, char** argv, Result into) {
+inline Outcome Parser::parse(int argc, const char* const* argv, Result into) {
     Outcome outcome = begin(std::move(into));
-    const int code = expandsFiles ? parseWithFiles(argc, argv, outcome)
-                                  : raw->parseArgsVector(argc, argv, outcome.result.plain());
+    const int code = expandsFiles ? parseWithFiles(argc, argv, outcome) : parseWords(argc, argv, outcome);
     return finish(std::move(outcome), code);
 }
 
@@ -487,18 +518,23 @@ inline Outcome Parser::parseText(const char* text, Result into) {
     return finish(std::move(outcome), code);
 }
 
+/// The library writes nothing to the arguments, though its interface does not say so.
+inline int Parser::parseWords(int argc, const char* const* argv, Outcome& outcome) {
+    return raw->parseArgsVector(argc, const_cast<char**>(argv), outcome.result.plain());
+}
+
 /// Parses the stretches between the files one by one, so that positions follow the command line. What stands
 /// in front of a stretch takes the place of the program's name, which is skipped. The first stretch is parsed
 /// even if it is empty, since that records the defaults.
-inline int Parser::parseWithFiles(int argc, char** argv, Outcome& outcome) {
-    std::vector<char*> words(argv, argv + argc);
+inline int Parser::parseWithFiles(int argc, const char* const* argv, Outcome& outcome) {
+    std::vector<const char*> words(argv, argv + argc);
     const bool isLogged = argc > 1 && words[1] != nullptr && std::strcmp(words[1], detail::logSwitch) == 0;
     int start = 0;
     for (int i = 1; i < argc; ++i) {
-        char*& word = words[static_cast<std::size_t>(i)];
+        const char*& word = words[static_cast<std::size_t>(i)];
         if (word == nullptr || std::strcmp(word, "--") == 0) break;
         if (word[0] != '@' || word[1] == '\0') continue;
-        int code = raw->parseArgsVector(i - start, words.data() + start, outcome.result.plain());
+        int code = parseWords(i - start, words.data() + start, outcome);
         if (code == 0) code = parseFile(word + 1, isLogged, outcome);
         if (code != 0) return code;
         start = i;
@@ -508,7 +544,7 @@ inline int Parser::parseWithFiles(int argc, char** argv, Outcome& outcome) {
             start = i - 1;
         }
     }
-    return raw->parseArgsVector(argc - start, words.data() + start, outcome.result.plain());
+    return parseWords(argc - start, words.data() + start, outcome);
 }
 
 inline int Parser::parseFile(const char* name, bool isLogged, Outcome& outcome) {
@@ -522,9 +558,9 @@ inline int Parser::parseFile(const char* name, bool isLogged, Outcome& outcome) 
     return code;
 }
 
-inline Result Parser::parseOrExit(int argc, char** argv) {
+inline Result Parser::parseOrExit(int argc, const char* const* argv, Result into) {
     if (helpName.empty() && !table->isTaken("help")) help();
-    Outcome outcome = parse(argc, argv);
+    Outcome outcome = parse(argc, argv, std::move(into));
     const auto asksFor = [&outcome](const std::string& name) {
         return !name.empty() && outcome.result.isExplicit(name);
     };

@@ -7,7 +7,7 @@
 
 namespace vorn_3_1 {
 
-/// INT_MAX, which <climits> would bring: behind every position number, and the sign of none.
+/// INT_MAX, which the header climits would bring: behind every position number, and the sign of none.
 constexpr int maxPosition = 2147483647;
 
 /// The outcome of one or more parses; a second parse into the same result appends. Slot order is

@@ -2,28 +2,16 @@
 #ifndef VORN_TESTS_HOST_FIXTURE_H
 #define VORN_TESTS_HOST_FIXTURE_H
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <sstream>
-#include <string>
-#include <string_view>
-#include <vector>
-
+#include "public/fixture.h"
 #include "vorn/host.h"
 
 namespace vorn_3_1::host_tests {
 
 using Text = std::string_view;
 
-/// An argument vector from a line; "_" stands for a blank within an argument, '' for an empty one.
+/// An argument vector from the words of a line.
 struct CommandLine {
-    explicit CommandLine(const std::string& line) : words{"/usr/bin/tool"} {
-        std::istringstream input(line);
-        for (std::string word; input >> word;) {
-            std::replace(word.begin(), word.end(), '_', ' ');
-            words.push_back(word == "''" ? "" : word);
-        }
+    explicit CommandLine(const std::string& line) : words(public_tests::wordsOf("/usr/bin/tool " + line)) {
         for (std::string& word : words)
             argv.push_back(word.data());
         argc = static_cast<int>(argv.size());
@@ -47,6 +35,17 @@ inline std::string listOf(const std::vector<host::Given>& all) {
         list.append(one.option).append(one.hasValue() ? "=" : "").append(one.text).append(" ");
     }
     return list;
+}
+
+/// What the error says that the action throws; "" if it throws none.
+template <class Error, class Action>
+std::string complaintOf(Action action) {
+    try {
+        action();
+    } catch (const Error& error) {
+        return error.what();
+    }
+    return "";
 }
 
 template <class T>

@@ -7,11 +7,7 @@ using host::NoValue;
 
 // Whatever the library would refuse silently is refused here, and what no user could type.
 TEST(HostRegistration, refusalsNameTheOptionAndTheReason) {
-    struct Case {
-        const char* names;
-        const char* reason;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"", "it has no name"},
         {"a,b,c,d", "it has more than three names"},
         {"a,b,cde", "its third name 'cde' is longer than two characters"},
@@ -27,17 +23,12 @@ TEST(HostRegistration, refusalsNameTheOptionAndTheReason) {
         {"a, b", "its name ' b' holds a blank"},
         {"--a", "its name '--a' begins with '-', which only users type"},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         host::Parser parser;
         parser.add<int>("level,l", "").synonym("effort");
         parser.add<bool>("verbose", "").synonym("loud");
-        try {
-            parser.add<int>(row.names, "");
-            ADD_FAILURE() << row.names << " was accepted";
-        } catch (const host::RegistrationError& error) {
-            EXPECT_EQ(error.what(),
-                      "vorn: option '" + std::string(row.names) + "' cannot be registered: " + row.reason);
-        }
+        EXPECT_EQ(complaintOf<host::RegistrationError>([&] { parser.add<int>(row.first, ""); }),
+                  "vorn: option '" + std::string(row.first) + "' cannot be registered: " + row.second);
         // A refusal leaves nothing behind, and the library agrees with what was accepted.
         parser.add<int>("a,b,cd", "");
         EXPECT_EQ(parse(parser, "--cd=1 --effort=2 --no-loud").text, "");
@@ -56,6 +47,18 @@ TEST(HostRegistration, switchesAndSynonymsClashInBothDirections) {
 
     parser.add<Text>("input", "").positional();
     EXPECT_THROW(parser.add<Text>("second", "").positional(), host::RegistrationError);
+}
+
+TEST(HostRegistration, aDefaultIsAnAllowedValueWhicheverComesFirst) {
+    host::Parser parser;
+    parser.add<int>("a", "").defaultTo(2).allow(1).allow(2);
+    parser.add<Text>("b", "").allow("x", "y").defaultTo("y");
+    EXPECT_NO_THROW((void)parser.parseText(""));
+    parser.add<int>("c", "").defaultTo(3).allow(1, 2);
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(complaintOf<host::RegistrationError>([&] { (void)parser.parseText(""); }),
+                  "vorn: option 'c' cannot be registered: its default is not among the allowed values");
+    }
 }
 
 TEST(HostRegistration, onlyValuesOfTheOptionsTypeCompile) {

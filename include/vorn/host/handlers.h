@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -44,14 +45,23 @@ struct UnknownHook final : HookOf<F> {
     bool unknownArgument(const char* argument) override { return this->call(std::string_view(argument)); }
 };
 
-/// A verdict on a value is a bool, or the reason why it is refused, which is empty if it is not.
+/// A verdict on a value is a bool, or the reason why it is refused, which is empty or null if it is not.
+template <class F, class... Arguments>
+constexpr bool givesVerdict() {
+    if constexpr (std::is_invocable_v<F&, Arguments...>) {
+        using Verdict = std::invoke_result_t<F&, Arguments...>;
+        return std::is_convertible_v<Verdict, bool> || std::is_convertible_v<Verdict, std::string>;
+    }
+    return false;
+}
+
 inline bool accepts(bool verdict, std::string&) { return verdict; }
 inline bool accepts(std::string verdict, std::string& reason) {
     reason = std::move(verdict);
     return reason.empty();
 }
 inline bool accepts(const char* verdict, std::string& reason) {
-    return accepts(std::string(verdict), reason);
+    return accepts(std::string(verdict == nullptr ? "" : verdict), reason);
 }
 
 template <class F>

@@ -34,6 +34,7 @@ struct Record {
     std::vector<std::string> names;  ///< The first one names the option in every message.
     tamsu2::qel_variant_type_t kind;
     tamsu2::variant_t defaultValue;  ///< Empty when there is none.
+    std::vector<tamsu2::variant_t> allowedValues;
 };
 
 /// Finds the option behind anything that users may type for a name. A chained hash table in few lines, since a
@@ -81,11 +82,12 @@ class RegisteredOptions {
 public:
     /// In order of registration, and at fixed addresses: results hand out texts from here.
     std::vector<std::unique_ptr<Record>> records;
+    std::size_t checked = 0;  // the options before it have a default that is allowed
 
     Record& last() { return *records.back(); }
 
     void add(const char* names, tamsu2::qel_variant_type_t kind) {
-        auto record = std::make_unique<Record>(Record{split(names), kind, {}});
+        auto record = std::make_unique<Record>(Record{split(names), kind, {}, {}});
         if (record->names.empty()) refuse(names, {"it has no name"});
         if (record->names.size() > 3) refuse(names, {"it has more than three names"});
         if (record->names.size() == 3 && record->names[2].size() > 2) {
@@ -106,6 +108,19 @@ public:
             refuse(last().names.front(), {"'", positional->names.front(), "' is positional already"});
         }
         positional = &last();
+    }
+
+    /// Throws for a default that is not among its option's allowed values: the library would take it, and a host
+    /// read a value that it has not allowed.
+    void checkDefaults() {
+        for (; checked < records.size(); ++checked) {
+            const Record& option = *records[checked];
+            if (option.defaultValue.kind() == tamsu2::qel_empty || option.allowedValues.empty()) continue;
+            bool isAllowed = false;
+            for (const tamsu2::variant_t& allowed : option.allowedValues)
+                isAllowed = isAllowed || allowed == option.defaultValue;
+            if (!isAllowed) refuse(option.names.front(), {"its default is not among the allowed values"});
+        }
     }
 
     bool isTaken(std::string_view name) const { return index.find(name) != nullptr; }

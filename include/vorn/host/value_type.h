@@ -34,7 +34,7 @@ template <class T>
 constexpr tamsu2::qel_variant_type_t kindOf() {
     static_assert(isInteger<T> || isOneOf<T, bool, double, std::string_view, NoValue>,
                   "the type of an option is bool, int, unsigned, a 64-bit integer, double, std::string_view "
-                  "or NoValue");
+                  "(texts, also those kept in a std::string) or NoValue");
     if constexpr (std::is_same_v<T, bool>) {
         return tamsu2::qel_bool;
     } else if constexpr (isSigned<T>) {
@@ -48,6 +48,14 @@ constexpr tamsu2::qel_variant_type_t kindOf() {
     } else {
         return tamsu2::qel_empty;
     }
+}
+
+/// The same for a type that values are read as.
+template <class T>
+constexpr tamsu2::qel_variant_type_t readKindOf() {
+    static_assert(!std::is_same_v<T, NoValue>,
+                  "ask isExplicit, occurrences or given about an option without a value");
+    return kindOf<T>();
 }
 
 inline const char* nameOf(tamsu2::qel_variant_type_t kind) {
@@ -73,8 +81,9 @@ constexpr bool fits() {
 template <class T, class V>
 tamsu2::variant_t toVariant(const V& value) {
     static_assert(!std::is_same_v<T, NoValue>, "an option without a value has no default or allowed values");
-    static_assert(fits<T, std::decay_t<const V>>(),
-                  "this value is not of the option's type (an unsigned one wants 2u, a double one 2.0)");
+    static_assert(
+        fits<T, std::decay_t<const V>>(),
+        "this value is not of the option's type (an unsigned one wants 2u or 2ull, a double one 2.0)");
     if constexpr (std::is_same_v<T, std::string_view>) {
         return tamsu2::variant_t(std::string(std::string_view(value)).c_str());
     } else {
@@ -93,8 +102,10 @@ T fromVariant(const tamsu2::variant_t& value, const char* text) {
         return value.asDouble();
     } else if constexpr (isSigned<T>) {
         return static_cast<T>(value.asInt64());
-    } else {
+    } else if constexpr (isInteger<T>) {
         return static_cast<T>(value.asUInt64());
+    } else {
+        return T();  // kindOf has said what is wrong with it
     }
 }
 
