@@ -27,7 +27,7 @@ constexpr unsigned titleWidth = 80;
 void writeNames(std::string& out, const OptionDescription& option) {
     const std::string_view firstName = option.firstName();
     for (std::size_t i = option.names().size() - 1; i > 0; --i)
-        append(out, {"-", option.names()[i].text, ", "});
+        append(out, {"-", option.names()[i].key(), ", "});
     append(out, {"-", firstName});
 }
 

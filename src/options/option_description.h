@@ -16,10 +16,7 @@
 namespace vorn_3_1::internal {
 
 /// A name with its hash. The registry keeps the text, which is followed by a NUL.
-struct OptionName {
-    std::string_view text;
-    std::uint32_t hash;
-};
+using OptionName = TextEntry;
 
 /// What a registration fixes; the builder adds the rest.
 struct Registration {
@@ -54,7 +51,7 @@ public:
     std::string_view firstName() const {
         if (names().empty()) [[unlikely]]
             throwNoName();
-        return names().front().text;
+        return names().front().key();
     }
     unsigned group() const { return record->group; }
     std::string_view description() const { return record->description; }

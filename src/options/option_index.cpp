@@ -15,8 +15,8 @@ void OptionIndex::addName(const RegisteredName& name, std::uint32_t hash) noexce
         spelling.option = std::min(spelling.option, name.option);
         ++spelling.count;
     };
-    NameUse& known = uses.entryFor(name.text, hash);
-    if (known.isFree()) uses.add(known, {{name.text, hash}, {}, {}});
+    NameUse& known = uses.entryFor(name.text(), hash);
+    if (known.isFree()) uses.add(known, {{name.text(), hash}, {}, {}});
     count(known.options);
     if (name.isSwitch) count(known.switches);
     journal.push_back(name);
@@ -29,8 +29,8 @@ void OptionIndex::addDefaulted(unsigned option) {
     if (place == withDefault.end() || *place != option) withDefault.insert(place, option);
 }
 
-OptionIndex::Spelling OptionIndex::find(std::string_view name) const {
-    const NameUse* known = uses.find(name);
+OptionIndex::Spelling OptionIndex::find(std::string_view name, std::uint32_t hash) const {
+    const NameUse* known = uses.find(name, hash);
     Spelling spelling = known == nullptr ? Spelling{} : known->options;
     if (name.starts_with(negation)) {
         if (const NameUse* negated = uses.find(name.substr(negation.size()))) {

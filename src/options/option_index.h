@@ -15,7 +15,18 @@ constexpr std::string_view negation = "no-";
 
 /// One name of one option, in the order in which the names were added.
 struct RegisteredName {
-    std::string_view text;
+    RegisteredName() = default;
+    RegisteredName(std::string_view ownText, unsigned ownOption, unsigned ownOrdinal, bool ofSwitch)
+        : start(ownText.data()),
+          length(static_cast<std::uint32_t>(ownText.size())),
+          option(ownOption),
+          ordinal(ownOrdinal),
+          isSwitch(ofSwitch) {}
+
+    std::string_view text() const { return {start, length}; }
+
+    const char* start = nullptr;
+    std::uint32_t length = 0;
     unsigned option = 0;    // index in the registry
     unsigned ordinal = 0;   // which of the option's names it is
     bool isSwitch = false;  // answers to "no-" as well
@@ -39,7 +50,8 @@ public:
         unsigned option = none;  // the first in order of registration that answers to it
         unsigned count = 0;      // how many names and "no-" forms are spelled exactly so
     };
-    Spelling find(std::string_view name) const;
+    Spelling find(std::string_view name) const { return find(name, hashOf(name)); }
+    Spelling find(std::string_view name, std::uint32_t hash) const;
 
     const std::vector<RegisteredName>& names() const { return journal; }
 

@@ -84,10 +84,10 @@ std::vector<OptionName> RegisteredOptionStorage::split(std::string_view names) {
 
 int RegisteredOptionStorage::validateName(const std::vector<OptionName>& names) const {
     if (names.size() > mostNames) return namesRefused;
-    if (names.size() == mostNames && names[2].text.size() > longestThirdName) return namesRefused;
+    if (names.size() == mostNames && names[2].key().size() > longestThirdName) return namesRefused;
     unsigned option = 0;
     if (findOption(names, option) != 0) return 0;
-    reportTakenName(names[0].text);  // whichever name it was
+    reportTakenName(names[0].key());  // whichever name it was
     return namesRefused;
 }
 
@@ -99,20 +99,20 @@ OptionDescription* RegisteredOptionStorage::append(Registration registration) {
     descriptions.push_back(&added);
     unsigned ordinal = 0;
     for (const OptionName& name : added.names()) {
-        derived.addName({name.text, option, ordinal++, added.isSwitch()}, name.hash);
+        derived.addName({name.key(), option, ordinal++, added.isSwitch()}, name.hash);
     }
     return &added;
 }
 
 int RegisteredOptionStorage::findOption(const std::vector<OptionName>& names, unsigned& option) const {
     for (const OptionName& name : names) {
-        if (isAdded(name.text, option) == 0) return 0;
+        if (isAdded(name, option) == 0) return 0;
     }
     return 1;
 }
 
-int RegisteredOptionStorage::isAdded(std::string_view name, unsigned& option) const {
-    const unsigned found = derived.find(name).option;
+int RegisteredOptionStorage::isAdded(const OptionName& name, unsigned& option) const {
+    const unsigned found = derived.find(name.key(), name.hash).option;
     if (found == OptionIndex::none) return 1;
     option = found;
     return 0;

@@ -42,7 +42,7 @@ public:
     int findOption(const std::vector<OptionName>& names, unsigned& option) const;
 
     /// findOption for one name, so 0 means that the name is taken.
-    int isAdded(std::string_view name, unsigned& option) const;
+    int isAdded(const OptionName& name, unsigned& option) const;
 
 private:
     struct FiledGroup : TextEntry {

@@ -63,7 +63,7 @@ int AbbreviationParser::findValue(const ArgumentList& args, const OptionDescript
                             msg);
     }
     // The matched name decides, so a switch whose own name begins with "no-" is switched off by it.
-    value.text = bestMatches[0].negated || bestMatches[0].name.text.starts_with(negation) ? "0" : "1";
+    value.text = bestMatches[0].negated || bestMatches[0].name.text().starts_with(negation) ? "0" : "1";
     return 0;
 }
 

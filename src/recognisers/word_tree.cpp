@@ -15,15 +15,12 @@ bool precedesByWords(const RegisteredName& left, const RegisteredName& right) {
     const auto rank = [](char character) {
         return character == '-' ? -1 : static_cast<unsigned char>(character);
     };
-    return std::lexicographical_compare(left.text.begin(), left.text.end(), right.text.begin(),
-                                        right.text.end(), [rank](char leftCharacter, char rightCharacter) {
-                                            return rank(leftCharacter) < rank(rightCharacter);
-                                        });
+    return std::ranges::lexicographical_compare(left.text(), right.text(), std::less(), rank, rank);
 }
 
 }  // namespace
 
-std::string NameMatch::getName() const { return joined({negated ? negation : "", name.text}); }
+std::string NameMatch::getName() const { return joined({negated ? negation : "", name.text()}); }
 
 void WordTree::update(const std::vector<RegisteredName>& names) {
     if (namesRead == names.size()) return;
@@ -42,7 +39,7 @@ void WordTree::update(const std::vector<RegisteredName>& names) {
 void WordTree::add(const RegisteredName& name, bool negated, bool again) {
     scratch.clear();
     if (negated) scratch.append(negation.substr(0, negation.size() - 1));
-    scratch.append(name.text);
+    scratch.append(name.text());
     Node& node = nodeFor(scratch);
     for (const Ending* ending = again ? node.endings : nullptr; ending != nullptr; ending = ending->next) {
         const RegisteredName& other = ending->name;

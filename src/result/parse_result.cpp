@@ -82,8 +82,8 @@ void ParseResult::addArgument(std::string_view argument, std::int32_t position) 
     arguments.push_back({garbage.keep(argument).data(), position});
 }
 
-ParseResult::Name* ParseResult::find(const OptionName& name) {
-    const NameEntry* entry = options.find(name.text, name.hash);
+ParseResult::Name* ParseResult::find(const TextEntry& name) {
+    const NameEntry* entry = options.find(name.key(), name.hash);
     return entry == nullptr ? nullptr : entry->name;
 }
 
@@ -92,8 +92,8 @@ const ParseResult::Names& ParseResult::namesOf(const OptionDescription& option) 
     namesInHand.clear();
     for (const OptionName& name : option.names()) {
         options.reserve(1);
-        NameEntry& entry = options.entryFor(name.text, name.hash);
-        if (entry.isFree()) options.add(entry, {&names.add(texts.copy(name.text)), name.hash});
+        NameEntry& entry = options.entryFor(name.key(), name.hash);
+        if (entry.isFree()) options.add(entry, {&names.add(texts.copy(name.key())), name.hash});
         namesInHand.push_back(entry.name);
     }
     return namesInHand;

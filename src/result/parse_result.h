@@ -18,7 +18,6 @@
 namespace vorn_3_1::internal {
 
 class RegisteredOptionStorage;
-struct OptionName;
 
 /// Independent of the parser: it keeps copies of names and texts.
 ///
@@ -101,7 +100,7 @@ private:
 
     // Store.
     using Names = std::vector<Name*>;
-    Name* find(const OptionName& name);
+    Name* find(const TextEntry& name);
     const Names& namesOf(const OptionDescription& option);
     void storeByName(const OptionDescription& option, OptionData& data);
     void storeApart(const Names& list, OptionData& data);

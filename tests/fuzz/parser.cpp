@@ -18,6 +18,7 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <streambuf>
@@ -42,7 +43,7 @@ struct Known {
     bool isLate = false;  // got a synonym after a parse, and earlier occurrences do not stand under it
 
     bool answersTo(const std::string& name) const {
-        return std::any_of(names.begin(), names.end(), [&](const std::string& own) {
+        return std::ranges::any_of(names, [&](const std::string& own) {
             return own == name || (type == tamsu2::qel_bool && "no-" + own == name);
         });
     }
@@ -52,8 +53,6 @@ struct Given {
     std::size_t occurrences = 0;
     std::vector<int> values;  // their positions
 };
-
-bool begins(const std::string& text, const std::string& start) { return text.rfind(start, 0) == 0; }
 
 tamsu2::variant_t valueFrom(const std::string& text) {
     char* rest = nullptr;
@@ -70,10 +69,10 @@ tamsu2::variant_t valueFrom(const std::string& text) {
 }
 
 bool fits(int code, const std::string& error) {
-    if (code == 1) return begins(error, "Value '");
+    if (code == 1) return error.starts_with("Value '");
     if (code == 4) return error == "Unidentified problem detected.";
-    return code == 3 || begins(error, "Unknown option: ") || begins(error, "Ambiguous option '") ||
-           begins(error, "Option '") || begins(error, "Value validation problem in argument '");
+    return code == 3 || error.starts_with("Unknown option: ") || error.starts_with("Ambiguous option '") ||
+           error.starts_with("Option '") || error.starts_with("Value validation problem in argument '");
 }
 
 /// One run of a script. It is the first handler itself, and sees every event before the actors do.
@@ -81,18 +80,18 @@ class Session : public EventHandler {
 public:
     /// A watched session is recorded; another one has the log on instead, which must make no difference.
     Session(const Texts& script, bool watched) : isWatched(watched) {
-        if (begins(script[0], "@F")) flags = std::atoi(script[0].c_str() + 2);
+        if (script[0].starts_with("@F")) flags = std::atoi(script[0].c_str() + 2);
         require(createParser(&parser, flags) == 0 && parser->createResult(&result) == 0, "objects are made");
         builder = fallback = parser->option("a,b,c,d", "", tamsu2::qel_empty, "");
         if (isWatched) parser->addHandler(this);
         for (Actor& actor : actors)
             actor.session = this;
         for (const std::string& line : script) {
-            if (begins(line, "!")) inEvents.push_back(line.substr(1));
+            if (line.starts_with("!")) inEvents.push_back(line.substr(1));
         }
         for (const std::string& line : script) {
-            if (begins(line, "@")) act(line.substr(1));
-            if (!begins(line, "@") && !begins(line, "!")) arguments.push_back(line);
+            if (line.starts_with("@")) act(line.substr(1));
+            if (!line.starts_with("@") && !line.starts_with("!")) arguments.push_back(line);
         }
         parse(false);
         checkHelp(false);
@@ -153,12 +152,12 @@ private:
         if (inEvents.empty()) return true;
         const std::string line = inEvents.front();
         inEvents.pop_front();
-        if (begins(line, "x")) {
+        if (line.starts_with("x")) {
             hasThrown = true;
             throw std::runtime_error("thrown by a handler");
         }
         act(line);
-        return !begins(line, "v");
+        return !line.starts_with("v");
     }
 
     void act(const std::string& line) {
@@ -196,10 +195,9 @@ private:
         option.names = vorn_tests::split(names, ',');
         const std::size_t count = option.names.size();
         bool isRefused = count > 3 || (count == 3 && option.names[2].size() > 2);
-        for (const std::string& name : option.names) {
-            for (const Known& other : options)
-                isRefused = isRefused || other.answersTo(name);
-        }
+        for (const std::string& name : option.names)
+            isRefused = isRefused || std::ranges::any_of(
+                                         options, [&](const Known& other) { return other.answersTo(name); });
         require((builder == fallback) == isRefused, "names are refused by the rules", names);
         if (!isRefused) options.push_back(option);
         groups.push_back(group.substr(0, group.find(':')));
@@ -215,20 +213,23 @@ private:
     void parse(bool asText) {
         const std::string before = parser->getErrorDesc();
         allArguments.insert(allArguments.end(), arguments.begin(), arguments.end());
-        const bool hasSwitch = std::any_of(
-            arguments.begin(), arguments.end(),
-            [](const std::string& argument) { return argument.find(logSwitch) != std::string::npos; });
-        if (!isWatched && !hasSwitch) arguments.insert(arguments.begin(), logSwitch);
+        std::string text;
+        for (const std::string& argument : arguments)
+            text += argument + "\n";
+        if (!isWatched && text.find(logSwitch) == text.npos) {
+            arguments.insert(arguments.begin(), logSwitch);
+            text.insert(0, std::string(logSwitch) + "\n");
+        }
         hasThrown = false;
         hasParsed = isParsing = true;
-        const int code = asText ? parseText(arguments) : parseVector(arguments, result);
+        const int code = asText ? parser->parseStream(text.c_str(), result) : parseVector(arguments, result);
         isParsing = false;
         arguments.clear();
         const std::string error = parser->getErrorDesc();
         require(code == 0 ? error == before : code > 0 && code < 5 && fits(code, error),
                 "code and error text agree", std::to_string(code) + " " + error);
         // The occurrence that failed is announced and not stored.
-        if (code != 0 && (begins(error, "Value ") || hasThrown)) isAnnounced = false;
+        if (code != 0 && (error.starts_with("Value ") || hasThrown)) isAnnounced = false;
         commit();
         report << code << ' ' << error << '\n';
         query(0, INT_MAX);
@@ -240,13 +241,6 @@ private:
         for (std::string& argument : list)
             argv.push_back(argument.data());
         return parser->parseArgsVector(static_cast<int>(argv.size()), argv.data(), target);
-    }
-
-    int parseText(const Texts& list) {
-        std::string text;
-        for (const std::string& line : list)
-            text += line + "\n";
-        return parser->parseStream(text.c_str(), result);
     }
 
     void query(int low, int high) {
@@ -275,13 +269,13 @@ private:
 
     // Names that stand for several options, or twice for one, hold more or less than the option was given.
     bool isShared(const Known& option) const {
-        std::map<std::string, int> uses;
+        std::multiset<std::string> uses;
         for (const Known& other : options) {
             for (const std::string& name : other.names)
-                ++uses[name.c_str()];
+                uses.insert(name.c_str());
         }
-        return std::any_of(option.names.begin(), option.names.end(),
-                           [&](const std::string& name) { return uses[name.c_str()] > 1; });
+        return std::ranges::any_of(option.names,
+                                   [&](const std::string& name) { return uses.count(name.c_str()) > 1; });
     }
 
     void checkStored(const Known& option, const std::string& name) {
@@ -296,9 +290,9 @@ private:
         require(occurrences.size() == expected.occurrences, "every occurrence is kept", name);
         require(values == (expected.values.empty() ? occurrences : expected.values), "every value is kept",
                 name);
-        require(std::adjacent_find(occurrences.begin(), occurrences.end(), std::greater_equal<int>()) ==
-                    occurrences.end(),
-                "positions rise", name);
+        const bool areRising =
+            std::ranges::adjacent_find(occurrences, std::greater_equal()) == occurrences.end();
+        require(areRising, "positions rise", name);
     }
 
     void checkHelp(bool hidden) {
@@ -306,8 +300,8 @@ private:
         report << help;
         std::istringstream lines(help);
         for (std::string line; std::getline(lines, line);) {
-            const bool isDescription = begins(line, std::string(30, ' '));
-            require(line.size() <= (isDescription ? 79 : 80) || begins(line, "-") ||
+            const bool isDescription = line.starts_with(std::string(30, ' '));
+            require(line.size() <= (isDescription ? 79 : 80) || line.starts_with("-") ||
                         std::count(groups.begin(), groups.end(), line) > 0,
                     "help keeps its width", line);
         }
@@ -331,14 +325,11 @@ private:
         const std::string error = parser->getErrorDesc();
         const std::string event = events.empty() ? "" : events[0];
         if (best.size() > 1) {
-            std::string expected =
-                "Ambiguous option '" + typed + "' in argument: '" + argument + "', could be: ";
-            for (const std::string& name : best)
-                expected += (&name == &best[0] ? "'" : ", '") + name + "'";
+            const std::string expected = vorn_tests::tieError(typed, argument, best);
             require(code == 2 && error == expected.c_str() && events.empty(), "ties are reported", expected);
             return;
         }
-        const auto taker = std::find_if(options.begin(), options.end(), [&](const Known& option) {
+        const auto taker = std::ranges::find_if(options, [&](const Known& option) {
             if (best.empty()) return option.isPositional && (flags & hyphenNotPositional) == 0;
             return option.answersTo(best[0]);
         });
@@ -348,7 +339,7 @@ private:
             require(code == 4, "a nameless option cannot be announced");
         } else {
             const std::string name = taker->names[0];
-            require(event == ":" + name || (event.empty() && begins(error, "Option '" + name)),
+            require(event == ":" + name || (event.empty() && error.starts_with("Option '" + name)),
                     "the best match takes it", argument + " not taken by " + name);
         }
     }

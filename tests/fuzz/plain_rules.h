@@ -8,6 +8,10 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <locale>
+#include <optional>
+#include <sstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -20,6 +24,16 @@ inline void require(bool holds, const char* rule, const std::string& detail = ""
     if (holds) return;
     std::fprintf(stderr, "broken rule: %s\n%s\n", rule, detail.c_str());
     std::abort();
+}
+
+/// Every text over the alphabet up to a length, shorter ones first.
+inline Texts allTexts(const std::string& alphabet, std::size_t longest) {
+    Texts texts{""};
+    for (std::size_t i = 0; texts[i].size() < longest; ++i) {
+        for (const char character : alphabet)
+            texts.push_back(texts[i] + character);
+    }
+    return texts;
 }
 
 inline Texts split(const std::string& text, char separator) {
@@ -39,11 +53,7 @@ inline Texts split(const std::string& text, char separator) {
 inline Texts wordsOf(const std::string& name) {
     Texts words(1);
     for (const char character : name) {
-        if (character == '-') {
-            words.emplace_back();
-        } else {
-            words.back() += character;
-        }
+        character == '-' ? static_cast<void>(words.emplace_back()) : words.back().push_back(character);
     }
     return words;
 }
@@ -69,6 +79,37 @@ inline Texts bestMatches(const std::string& typedName, const Texts& candidates) 
         if (score > 0 && score == bestScore) best.push_back(candidate);
     }
     return best;
+}
+
+/// What is said of a name that stands for several equally well.
+inline std::string tieError(const std::string& typed, const std::string& argument, const Texts& best) {
+    std::string list;
+    for (const std::string& name : best)
+        list += (list.empty() ? "'" : ", '") + name + "'";
+    return "Ambiguous option '" + typed + "' in argument: '" + argument + "', could be: " + list;
+}
+
+/// Of a locale whose numbers look like 1.23.45,6.
+struct CommaPunctuation : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\2"; }
+};
+
+/// The number that a stream of the global locale reads, if it reads any.
+template <class Number>
+std::optional<Number> readByStream(const std::string& text, bool isHexadecimal) {
+    std::istringstream stream(text);
+    if (isHexadecimal) stream >> std::hex;
+    Number number{};
+    return (stream >> number).fail() ? std::nullopt : std::optional(number);
+}
+
+template <class Number>
+std::string writtenByStream(Number number) {
+    std::ostringstream stream;
+    stream << number;
+    return stream.str();
 }
 
 /// BasicParser::paragraphString, one decision per line.
@@ -97,6 +138,17 @@ inline std::string paragraph(std::string text, const std::string& prefix, std::u
         line.clear();
     }
     return out;
+}
+
+/// What a way of wrapping makes of a text.
+template <class Wrap>
+std::string outcomeOf(Wrap wrap, const std::string& text, const std::string& prefix, unsigned indent,
+                      unsigned width) {
+    try {
+        return wrap(text, prefix, indent, width);
+    } catch (const std::out_of_range&) {
+        return "(no room)";
+    }
 }
 
 }  // namespace vorn_tests

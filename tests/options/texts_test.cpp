@@ -1,23 +1,11 @@
-// What keeps, finds and cuts texts.
+// What keeps and finds texts.
 #include <gtest/gtest.h>
 
-#include "core/all_texts.h"
 #include "fuzz/plain_rules.h"
 #include "options/garbage.h"
-#include "options/separated_text.h"
 #include "options/text_table.h"
 
 namespace vorn_3_1::internal {
-
-TEST(SeparatedText, cutsAsThePlainScan) {
-    for (const std::string& text : allTexts("a,", 7)) {
-        std::vector<std::string> items;
-        SeparatedText separated(text, ',');
-        for (std::string_view item; separated.next(item);)
-            items.emplace_back(item);
-        ASSERT_EQ(items, vorn_tests::split(text, ',')) << text;
-    }
-}
 
 TEST(Garbage, keepsEqualTextsAsOnePointerForGood) {
     Garbage garbage;
@@ -31,7 +19,7 @@ TEST(Garbage, keepsEqualTextsAsOnePointerForGood) {
         ASSERT_EQ(kept[i], texts[i]);
         ASSERT_EQ(kept[i], garbage.init(texts[i].c_str()));
     }
-    EXPECT_EQ(garbage.init(nullptr), garbage.init(""));
+    EXPECT_EQ(garbage.init(nullptr), Garbage().init(""));  // kept by nobody
     const std::string text("0\0b", 3);
     EXPECT_EQ(garbage.keep(text), text);
     EXPECT_EQ(garbage.keep(text).data(), garbage.keep(text).data());
@@ -39,7 +27,7 @@ TEST(Garbage, keepsEqualTextsAsOnePointerForGood) {
 }
 
 TEST(TextTable, tellsTextsApartWhateverTheirHashes) {
-    const std::vector<std::string> texts = allTexts("abc", 7);
+    const std::vector<std::string> texts = vorn_tests::allTexts("abc", 7);
     for (const std::uint32_t hashes : {16u, 5000u, ~0u}) {
         TextTable<TextEntry> table;
         for (std::size_t i = 0; i < texts.size(); ++i) {
@@ -48,9 +36,9 @@ TEST(TextTable, tellsTextsApartWhateverTheirHashes) {
             table.reserve(1);
             table.add(table.entryFor(texts[i], hash), {texts[i], hash});
         }
-        for (std::size_t i = 0; i < texts.size(); ++i) {
-            const TextEntry* entry = table.find(texts[i], hashOf(texts[i]) % hashes);
-            ASSERT_TRUE(entry != nullptr && entry->text == texts[i].data()) << texts[i];
+        for (const std::string& text : texts) {
+            const TextEntry* entry = table.find(text, hashOf(text) % hashes);
+            ASSERT_TRUE(entry != nullptr && entry->text == text.data() && entry->key() == text) << text;
         }
     }
 }

@@ -1,7 +1,9 @@
 // Result codes, the last error, texts with one argument per line, bad calls, rehearsals, and exceptions.
+#include <locale>
 #include <stdexcept>
 
 #include "fixture.h"
+#include "fuzz/plain_rules.h"
 
 namespace vorn_3_1::public_tests {
 
@@ -45,6 +47,33 @@ TEST(Driver, aTextIsParsedLikeAVectorWithoutDefaults) {
     EXPECT_EQ(cli.parseStream(nullptr), "0");
 }
 
+struct UnderscoreIsBlank : std::ctype<char> {
+    UnderscoreIsBlank() : std::ctype<char>(table()) {}
+    static const mask* table() {
+        static std::vector<mask> masks(classic_table(), classic_table() + table_size);
+        masks['_'] = space;
+        return masks.data();
+    }
+};
+
+TEST(Driver, theGlobalLocaleOfTheMomentDecidesOnBlanksAndNumbers) {
+    const Cli cli;
+    cli.option("int", qel_int, "d")->defaultValue(-1234567);
+    cli.option("double", qel_double)->defaultValue(1234.5);
+    cli.option("hex", qel_uint64)->allowValue(0x10000ULL)->tokenize('\0');
+    EXPECT_EQ(cli.parseStream("--\n_a"), "0");
+    const std::locale before = std::locale::global(
+        {{std::locale::classic(), new vorn_tests::CommaPunctuation}, new UnderscoreIsBlank});
+    EXPECT_EQ(cli.parseStream("_--hex\n10000h\n_--\n__ _b_\n_#c"), "0");
+    EXPECT_EQ(cli.passedThrough(), "[_a][b_]");
+    EXPECT_EQ(cli.parseInto(cli.result, {"--hex=0x5"}),
+              "2 Value validation problem in argument '--hex=0x5': Option 'hex' does not allow value '0x5'. "
+              "Possible values follows: '6.55.36'");
+    EXPECT_EQ(cli.stored("int double hex"), "int[-1.23.45.67] double[12.34,5] hex[10000h] ");
+    EXPECT_STREQ(cli.parser->getDescription(), "-int=<integer> (-1.23.45.67)  d\n\n");
+    std::locale::global(before);
+}
+
 TEST(Driver, badCallsAnswerWithThree) {
     const Cli cli(unknownIsError);
     EXPECT_EQ(createParser(nullptr), 3);
@@ -58,10 +87,6 @@ TEST(Driver, badCallsAnswerWithThree) {
     EXPECT_EQ(cli.stored("v d"), "d[1] ");  // nothing was parsed
     EXPECT_EQ(cli.parse("-- p"), "0");
     EXPECT_EQ(cli.result->getFirstArgument(nullptr), 3);
-    const Cli empty;
-    empty.option("d", qel_int)->defaultValue(1);
-    EXPECT_EQ(empty.parser->parseArgsVector(-1, nullptr, empty.result), 0);  // too few is no bad call
-    EXPECT_EQ(empty.stored("d"), "d[1] ");
 }
 
 TEST(Driver, aNullResultMakesARehearsal) {
@@ -101,9 +126,6 @@ TEST(Driver, exceptionsOfHandlersEndTheParse) {
         handler.atOption = nullptr;
         events.clear();
         EXPECT_EQ(cli.parse("b"), "0");
-        EXPECT_EQ(events, ":n :n=b ");
-        EXPECT_TRUE(cli.parser->removeHandler(&handler));
-        EXPECT_EQ(cli.parse("c"), "0");
         EXPECT_EQ(events, ":n :n=b ");
     }
 }

@@ -125,15 +125,4 @@ TEST_F(Events, changesToTheOptionBeingParsedTakeEffectAfterIt) {
     }
 }
 
-TEST_F(Events, theResultMayBeQueriedMeanwhile) {
-    cli.parser->addHandler(&handlers[0]);
-    handlers[0].atValue = [&](const Value& value) {
-        const Value stored = *value.text == 'a' ? cli.result->get("name") : cli.result->next("name");
-        events += std::string(stored.status == 0 ? stored.text : "nothing") + " ";
-        return true;
-    };
-    EXPECT_EQ(cli.parse("-n=x -n=a -n=b -n=c"), "0");  // the iteration goes on as the values grow
-    EXPECT_EQ(events, "1name 1name=x nothing 1name 1name=a x 1name 1name=b a 1name 1name=c b ");
-}
-
 }  // namespace vorn_3_1::public_tests

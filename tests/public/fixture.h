@@ -11,7 +11,6 @@
 #include <memory>
 #include <sstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "vorn/vorn.h"
@@ -44,8 +43,8 @@ inline std::string filled(std::string pattern, const std::string& text) {
 /// A parser and the result that it fills. Outcomes are "0", or the code and the error text; lists of texts
 /// stand in brackets: "[a][b,c]".
 struct Cli {
-    explicit Cli(int flags = 0) {
-        EXPECT_EQ(createParser(&parser, flags), 0);
+    explicit Cli(int flags = 0, int (*create)(IParser**, int) = createParser) {
+        EXPECT_EQ(create(&parser, flags), 0);
         EXPECT_EQ(parser->createResult(&result), 0);
     }
     Cli(const Cli&) = delete;
@@ -160,12 +159,6 @@ inline void expectMiss(const Value& value) {
 }
 
 const char* const logSwitch = "vornoption=vornlogenable=1";
-
-// The arguments with the log switched on.
-inline std::string logged(std::string_view arguments) {
-    std::string line = logSwitch;
-    return line.append(" ").append(arguments);
-}
 
 }  // namespace vorn_3_1::public_tests
 

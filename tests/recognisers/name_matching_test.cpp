@@ -1,11 +1,10 @@
-// Words of names, and the tree of names against a search through all of them.
+// The tree of names against a search through all of them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <deque>
 #include <random>
 
-#include "core/all_texts.h"
 #include "fuzz/plain_rules.h"
 #include "recognisers/decomposed_name.h"
 #include "recognisers/word_tree.h"
@@ -14,30 +13,19 @@ namespace vorn_3_1::internal {
 
 namespace {
 
-std::vector<std::string> bestNames(const std::vector<NameMatch>& matches) {
+std::vector<std::string> namesOf(const std::vector<NameMatch>& matches) {
     std::vector<std::string> names;
-    const auto best = std::ranges::max_element(matches, {}, &NameMatch::score);
-    for (const NameMatch& match : matches) {
-        if (match.score == best->score) names.push_back(match.getName());
-    }
+    for (const NameMatch& match : matches)
+        names.push_back(match.getName());
     std::ranges::sort(names);
     return names;
 }
 
 }  // namespace
 
-TEST(DecomposedName, joinsToTheNameItWasCutFrom) {
-    for (const std::string& name : allTexts("ab-", 6)) {
-        const DecomposedName decomposed(name);
-        ASSERT_EQ(decomposed.getName(), name);
-        const std::vector<std::string> words(decomposed.words().begin(), decomposed.words().end());
-        ASSERT_EQ(words, vorn_tests::wordsOf(name));
-    }
-}
-
 TEST(WordTree, findsWhatASearchThroughAllNamesFinds) {
-    const std::vector<std::string> typedNames = allTexts("ano-", 4);
-    const std::vector<std::string> pool = allTexts("ano-", 6);
+    const std::vector<std::string> typedNames = vorn_tests::allTexts("ano-", 4);
+    const std::vector<std::string> pool = vorn_tests::allTexts("ano-", 6);
     std::mt19937 random(1);
     for (unsigned round = 0; round < 8; ++round) {
         WordTree tree;
@@ -56,8 +44,10 @@ TEST(WordTree, findsWhatASearchThroughAllNamesFinds) {
             tree.update(names);
             for (const std::string& typed : typedNames) {
                 std::vector<NameMatch> matches;
-                tree.match(DecomposedName(typed), matches);
-                ASSERT_EQ(bestNames(matches), vorn_tests::bestMatches(typed, candidates)) << typed;
+                const DecomposedName words(typed);
+                ASSERT_EQ(words.getName(), typed);
+                tree.match(words, matches);
+                ASSERT_EQ(namesOf(matches), vorn_tests::bestMatches(typed, candidates)) << typed;
             }
         }
     }

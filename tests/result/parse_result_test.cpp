@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <climits>
 #include <map>
 #include <random>
@@ -118,8 +119,9 @@ constexpr const char* names[] = {"a", "b", "c", "d", "e", "f", "g", ""};
 class Twins {
 public:
     explicit Twins(unsigned seed) : random(seed) {
-        for (const char* list : {"a", "b,c", "d,d", ",e", "f"}) {
+        for (const char* list : {"a", "b,c", "d,d", ",e", "f", ""}) {
             builders.push_back(storage.option(list, "", *list == 'f' ? qel_empty : qel_string, ""));
+            if (*list == '\0') builders.back()->synonym("c")->synonym("c");
             snapshots.push_back(storage.description(storage.size() - 1));
         }
     }
@@ -135,7 +137,7 @@ public:
             builders[option]->defaultValue(name);
         } else if (deed == 2) {
             unsigned counter = positionCounter;
-            result.applyDefault(storage);
+            ASSERT_EQ(result.applyDefault(storage), 0);
             for (unsigned i = 0; i < storage.size(); ++i)
                 model.applyDefault(storage.description(i), counter);
             ASSERT_EQ(counter, positionCounter) << history;
@@ -150,8 +152,8 @@ public:
     void compare(const char* name) {
         compareNext();
         const int newest = static_cast<int>(positionCounter);
-        const int low = any(2) == 0 ? 0 : newest - static_cast<int>(any(20));
-        const int high = any(2) == 0 ? INT_MAX : newest - static_cast<int>(any(20));
+        const auto bound = [&] { return std::array{0, INT_MAX, newest - static_cast<int>(any(20))}[any(3)]; };
+        const int low = bound(), high = bound();
         history += name;
         if (any(2) == 0) {
             ASSERT_EQ(answerOf(result.get(name, low, high)), model.get(name, low, high)) << history;
@@ -181,7 +183,7 @@ private:
             data.values.push_back({text, variant_t(("typed " + std::string(text)).c_str()), position});
         }
         model.store(option, data);
-        result.store(option, data);
+        ASSERT_EQ(result.store(option, data), 0);
     }
 
     std::mt19937 random;

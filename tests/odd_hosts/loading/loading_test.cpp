@@ -3,110 +3,78 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <iostream>
-#include <sstream>
 #include <string>
-#include <vector>
 
-#include "vorn/vorn.h"
+#include "public/fixture.h"
 
 namespace {
 
 using namespace vorn_3_1;
+using namespace vorn_3_1::public_tests;
 
 // Hosts that are built already carry these numbers.
 static_assert(unknownIsError == 2 && positionalAfterTerminator == 4);
 static_assert(hyphenNotPositional == 8 && positionalRepeat == 16);
 
 struct Library {
-    Library(const char* soname, const char* factoryName)
-        : name(soname), handle(dlopen(name, RTLD_NOW | RTLD_LOCAL)) {
+    explicit Library(const std::string& minor)
+        : name("libvorn.so.3." + minor), handle(dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL)) {
         EXPECT_NE(handle, nullptr) << dlerror();
-        create = reinterpret_cast<int (*)(IParser**, int)>(dlsym(handle, factoryName));
+        const std::string factory = "_ZN8vorn_3_" + minor + "12createParserEPPNS_7IParserEi";
+        create = reinterpret_cast<int (*)(IParser**, int)>(dlsym(handle, factory.c_str()));
     }
     ~Library() {
         dlclose(handle);
-        void* const left = dlopen(name, RTLD_NOW | RTLD_NOLOAD);
+        void* const left = dlopen(name.c_str(), RTLD_NOW | RTLD_NOLOAD);
         EXPECT_EQ(left, nullptr) << "the library stays in the process";
     }
     Library(const Library&) = delete;
 
-    const char* name;
-    void* handle;
+    const std::string name;
+    void* const handle;
     int (*create)(IParser**, int) = nullptr;
 };
 
-struct ThisVersion : Library {
-    ThisVersion() : Library("libvorn.so.3.1", "_ZN8vorn_3_112createParserEPPNS_7IParserEi") {}
-};
-struct NextVersion : Library {
-    NextVersion() : Library("libvorn.so.3.2", "_ZN8vorn_3_212createParserEPPNS_7IParserEi") {}
-};
-
-struct Host {
-    explicit Host(const Library& library) {
-        EXPECT_EQ(library.create(&parser, unknownIsError), 0);
-        EXPECT_EQ(parser->createResult(&result), 0);
-        parser->option("verbose,v", "", tamsu2::qel_bool, "");
+struct Host : Cli {
+    explicit Host(const Library& library) : Cli(unknownIsError, library.create) {
+        option("verbose,v", qel_bool);
     }
-    ~Host() {
-        parser->destroy();
-        result->destroy();
-    }
-    Host(const Host&) = delete;
 
     /// The position of the switch, or -1.
-    int parse(std::string first) const {
-        std::string second = "-v";
-        char* argv[] = {nullptr, first.data(), second.data()};
-        if (parser->parseArgsVector(3, argv, result) != 0 || !result->present("v")) return -1;
-        return result->nextPosition();
+    int position(const std::string& first) const {
+        return parse(first + " -v") == "0" ? occurrences("v").at(0) : -1;
     }
-
-    IParser* parser = nullptr;
-    IParseResult* result = nullptr;
 };
-
-struct OutputCapture {
-    ~OutputCapture() { std::cout.rdbuf(previous); }
-    std::stringbuf text;
-    std::streambuf* const previous = std::cout.rdbuf(&text);
-};
-
-const char* const logSwitch = "vornoption=vornlogenable=1";
 
 // The counter begins anew only if nothing of the library has stayed.
 TEST(Loading, mayBeDoneAgainAndAgain) {
     for (int i = 0; i < 50; ++i) {
         const OutputCapture capture;
-        const ThisVersion library;
+        const Library library("1");
         const Host host(library);
-        EXPECT_EQ(host.parse(logSwitch), 1);
-        EXPECT_EQ(host.parse("-unknown"), -1);
-        testing::internal::CaptureStderr();
-        host.parser->option("v", "", tamsu2::qel_bool, "");
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "v\n");
-        EXPECT_NE(capture.text.str().find("AbbreviationParser: recognizing argument '-v'"),
-                  std::string::npos);
+        EXPECT_EQ(host.position(logSwitch), 1);
+        EXPECT_EQ(host.position("-unknown"), -1);
+        EXPECT_EQ(standardErrorOf([&] { host.option("v"); }), "v\n");
+        EXPECT_NE(capture.str().find("AbbreviationParser: recognizing argument '-v'"), std::string::npos);
     }
 }
 
 TEST(Loading, versionsBesideEachOtherShareNothing) {
     OutputCapture capture;
-    const ThisVersion library;
-    const NextVersion nextLibrary;
+    const Library library("1");
+    const Library nextLibrary("2");
     const Host host(library);
     const Host nextHost(nextLibrary);
-    EXPECT_EQ(host.parse("-v"), 1);
-    EXPECT_EQ(host.parse(logSwitch), 1);
-    EXPECT_EQ(nextHost.parse("-v"), 1);
+    EXPECT_EQ(host.position("-v"), 1);
+    EXPECT_EQ(host.position(logSwitch), 1);
+    EXPECT_EQ(nextHost.position("-v"), 1);
     // The other version's parse has not switched this one's log off.
-    capture.text.str("");
-    testing::internal::CaptureStderr();
-    for (const Host* each : {&nextHost, &host})
-        each->parser->option("verbose,v", "", tamsu2::qel_bool, "");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "verbose\nverbose\n");
-    EXPECT_EQ(capture.text.str(), "An option with the same name is already registered: verbose\n");
+    capture.str("");
+    for (const Host* each : {&nextHost, &host}) {
+        const auto refuse = [&] { each->option("verbose,v"); };
+        EXPECT_EQ(standardErrorOf(refuse), "verbose\n");
+    }
+    EXPECT_EQ(capture.str(), "An option with the same name is already registered: verbose\n");
 }
 
 }  // namespace
