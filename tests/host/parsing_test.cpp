@@ -131,6 +131,8 @@ TEST_F(HostFiles, faultsInFilesNameTheFile) {
     expect(write("--tpyo"), 2, "In response file '" + name + "': Unknown option: --tpyo");
     expect(write(std::string("a\0b", 3)), 2, "Response file '" + name + "' is not a text");
     expect("--text " + write("a"), 2, "Option 'text' requires a value in argument: '--text'");
+    const char* const cutOff[] = {"tool", nullptr};
+    EXPECT_EQ(parser.parse(2, cutOff).text, "The arguments cannot be processed.");
 }
 
 TEST_F(HostFiles, theLogFollowsTheCommandLineThroughFiles) {
@@ -162,6 +164,14 @@ TEST(HostParsingDeathTest, parseOrExitEndsTheProcess) {
         exitAfter("-l=5x"), ends(2),
         "^tool: Value '5x' is not valid for option 'level' in argument '-l=5x'\nTry 'tool --help'.\n$");
     EXPECT_EXIT(exitAfter("--tpyo --help"), ends(2), "^tool: Unknown option: --tpyo\n");
+    const auto withOwnHelp = [] {
+        host::Parser parser;
+        parser.add<host::NoValue>("help", "");
+        EXPECT_NE(parser.plain(), nullptr);
+        const char* const nameless[] = {nullptr, "--tpyo"};
+        (void)parser.parseOrExit(2, nameless);
+    };
+    EXPECT_EXIT(withOwnHelp(), ends(2), "^: Unknown option: --tpyo\n$");
     // Help goes to standard output; here it is joined with standard error so that it can be compared.
     const auto joinedExit = [](const std::string& line) {
         dup2(STDERR_FILENO, STDOUT_FILENO);

@@ -63,16 +63,24 @@ TEST(HostRegistration, aDefaultIsAnAllowedValueWhicheverComesFirst) {
 
 TEST(HostRegistration, onlyValuesOfTheOptionsTypeCompile) {
     using host::detail::fits;
-    static_assert(fits<int, int>() && fits<bool, bool>() && fits<double, double>());
-    static_assert(fits<Text, const char*>() && fits<Text, std::string>() && !fits<Text, int>());
+    EXPECT_TRUE((fits<int, int>() && fits<bool, bool>() && fits<double, double>()));
+    EXPECT_TRUE((fits<Text, const char*>() && fits<Text, std::string>() && !fits<Text, int>()));
     static_assert(!fits<int, bool>() && !fits<int, double>() && !fits<int, const char*>() &&
                   !fits<int, char>());
     static_assert(!fits<int, unsigned>() && !fits<unsigned, int>() && !fits<int, long long>());
     static_assert(fits<long long, int>() && fits<long long, unsigned>() && !fits<unsigned long long, int>());
     static_assert(!fits<double, int>() && !fits<bool, int>() && !fits<bool, const char*>());
     // The same kind on both widths, whatever the type behind the name.
-    static_assert(host::detail::kindOf<std::int64_t>() == tamsu2::qel_int64);
-    static_assert(host::detail::kindOf<std::uint64_t>() == tamsu2::qel_uint64);
+    using namespace tamsu2;
+    using host::detail::kindOf;
+    const std::vector kinds = {kindOf<bool>(),         kindOf<int>(),           kindOf<unsigned>(),
+                               kindOf<std::int64_t>(), kindOf<std::uint64_t>(), kindOf<double>(),
+                               kindOf<Text>(),         kindOf<NoValue>()};
+    EXPECT_EQ(kinds, (std::vector{qel_bool, qel_int, qel_uint, qel_int64, qel_uint64, qel_double, qel_string,
+                                  qel_empty}));
+    using host::detail::givesVerdict;
+    EXPECT_TRUE((givesVerdict<bool (*)(int), int>() && givesVerdict<const char* (*)(int), int>()));
+    EXPECT_FALSE((givesVerdict<void (*)(int), int>() || givesVerdict<bool (*)(Text), int>()));
     static_assert(!std::is_copy_constructible_v<host::Option<int>>);
     static_assert(std::is_nothrow_move_constructible_v<host::Result>);
 }

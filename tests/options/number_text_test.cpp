@@ -87,6 +87,7 @@ const std::vector<std::string> extremes = {
 TEST(NumberText, readsAndWritesAsAStreamDoes) {
     expectAllReadAsStream(vorn_tests::allTexts("019+-.ex", 5));
     expectAllReadAsStream(extremes);
+    expectAllReadAsStream({std::string(400, '9'), "0." + std::string(400, '0') + "1"});
     expectAllWrittenAsStream(20000);
 }
 

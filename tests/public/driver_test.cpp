@@ -74,6 +74,25 @@ TEST(Driver, theGlobalLocaleOfTheMomentDecidesOnBlanksAndNumbers) {
     std::locale::global(before);
 }
 
+TEST(Driver, argumentsOfAnyLengthKeepTheirValues) {
+    const Cli cli(unknownIsError);
+    cli.option("text")->tokenize('\0');
+    Texts arguments, values;
+    for (std::size_t length = 1; length < 9000; length += 7) {
+        values.emplace_back(length % 900, 'x');
+        if (length % 40 == 0) values.back().resize(length, 'y');
+        values.back() += std::to_string(length);
+        arguments.insert(arguments.end(), {"--text", values.back()});
+    }
+    EXPECT_EQ(cli.parseInto(cli.result, arguments), "0");
+    for (Value value = cli.result->get("text"); value.status == 0; value = cli.result->next("text")) {
+        ASSERT_FALSE(values.empty());
+        EXPECT_EQ(value.text, values.front());
+        values.erase(values.begin());
+    }
+    EXPECT_EQ(values, Texts());
+}
+
 TEST(Driver, badCallsAnswerWithThree) {
     const Cli cli(unknownIsError);
     EXPECT_EQ(createParser(nullptr), 3);
@@ -87,6 +106,7 @@ TEST(Driver, badCallsAnswerWithThree) {
     EXPECT_EQ(cli.stored("v d"), "d[1] ");  // nothing was parsed
     EXPECT_EQ(cli.parse("-- p"), "0");
     EXPECT_EQ(cli.result->getFirstArgument(nullptr), 3);
+    EXPECT_EQ(cli.result->getNextArgument(nullptr), 3);
 }
 
 TEST(Driver, aNullResultMakesARehearsal) {

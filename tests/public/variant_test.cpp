@@ -44,6 +44,8 @@ TEST(Variant, equalityGoesByTheTwoKinds) {
         {"ab"},
         {L"a", variant_t::borrowed(L"a")},
         {null, null},
+        {static_cast<const wchar_t*>(nullptr), variant_t::borrowed(static_cast<const wchar_t*>(nullptr))},
+        {variant_t(nullptr, 3), variant_t("", 0)},
         {variant_t("ab\0d", 4), variant_t("ab\0d", 4)},
         {variant_t("ab\0e", 4)},
         {variant_t(), variant_t()},
@@ -100,7 +102,9 @@ TEST(Variant, copiesOwnTheirTextsAndBorrowedOnesShareThem) {
     for (const variant_t& original : {variant_t("text"), variant_t(L"text"), block, variant_t(7), borrowed}) {
         variant_t copy(original), assigned("replaced");
         assigned = original;
-        assigned = *&assigned;
+        variant_t& same = assigned;
+        assigned = same;
+        assigned = std::move(same);
         for (const variant_t* other : {&copy, &assigned}) {
             EXPECT_TRUE(*other == original && other->kind() == original.kind());
             const bool isBlock = original.kind() == qel_block;
