@@ -79,6 +79,7 @@ const Texts lines = {
     "--none=1",
     "--flag=1",
     "--int=7 -- one veto two",
+    "--shared=a",
 };
 
 class Host final : EventHandler {
@@ -187,6 +188,7 @@ private:
         for (const variant_t& value : option.allowed)
             shape([&] { builder->allowValue(value); });
         if (option.byDefault.kind() != qel_empty) shape([&] { builder->defaultValue(option.byDefault); });
+        if (option.name == "input" || option.name == "mode") shape([&] { builder->synonym("shared"); });
         if (option.name == "input") shape([&] { builder->positional(); });
     }
 

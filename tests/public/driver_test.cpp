@@ -104,6 +104,7 @@ TEST(Driver, badCallsAnswerWithThree) {
     char* argv[] = {text, text, nullptr};
     EXPECT_EQ(cli.outcome(cli.parser->parseArgsVector(3, argv, cli.result)), "3 Unknown option: x");
     EXPECT_EQ(cli.stored("v d"), "d[1] ");  // nothing was parsed
+    EXPECT_EQ(cli.result->getFirstArgument(nullptr), 3);
     EXPECT_EQ(cli.parse("-- p"), "0");
     EXPECT_EQ(cli.result->getFirstArgument(nullptr), 3);
     EXPECT_EQ(cli.result->getNextArgument(nullptr), 3);

@@ -24,8 +24,10 @@ std::vector<std::string> namesOf(const std::vector<NameMatch>& matches) {
 }  // namespace
 
 TEST(WordTree, findsWhatASearchThroughAllNamesFinds) {
-    const std::vector<std::string> typedNames = vorn_tests::allTexts("ano-", 4);
-    const std::vector<std::string> pool = vorn_tests::allTexts("ano-", 6);
+    std::vector<std::string> typedNames = vorn_tests::allTexts("noO-", 4);
+    const std::vector<std::string> pool = vorn_tests::allTexts("noO-", 6);
+    for (std::size_t i = typedNames.size(); i < pool.size(); i += 17)
+        typedNames.push_back(pool[i]);
     std::mt19937 random(1);
     for (unsigned round = 0; round < 8; ++round) {
         WordTree tree;
