@@ -68,16 +68,9 @@ public:
 
     // A moved variant is left empty.
     variant_t(const variant_t& other);
-    variant_t(variant_t&& other) noexcept : payload(other.payload), tag(other.tag) { other.tag = qel_empty; }
+    variant_t(variant_t&& other) noexcept;
     variant_t& operator=(const variant_t& other);
-    variant_t& operator=(variant_t&& other) noexcept {
-        if (this == &other) return *this;
-        releaseOwned();
-        payload = other.payload;
-        tag = other.tag;
-        other.tag = qel_empty;
-        return *this;
-    }
+    variant_t& operator=(variant_t&& other) noexcept;
     ~variant_t() { releaseOwned(); }
 
     qel_variant_type_t kind() const noexcept { return static_cast<qel_variant_type_t>(tag); }

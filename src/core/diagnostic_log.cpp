@@ -48,7 +48,7 @@ void writeLogLine(std::initializer_list<std::string_view> pieces) {
     std::ostream& log = vornLog();
     for (const std::string_view piece : pieces)
         log << piece;
-    log << std::endl;
+    log.put('\n').flush();
 }
 
 }  // namespace vorn_3_1::internal

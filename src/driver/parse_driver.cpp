@@ -1,7 +1,6 @@
 // From the host's arguments to the recognisers: ask who takes the front argument, choose, let it consume.
 #include <array>
 #include <exception>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -24,11 +23,13 @@ constexpr std::string_view logSwitch = "vornoption=vornlogenable=1";
 // Every result that a host has was made by createResult.
 ParseResult* implementationOf(IParseResult* result) { return static_cast<ParseResult*>(result); }
 
-void append(ArgumentList& args, int argc, char** argv) {
+// False when there is a null among the arguments.
+bool append(ArgumentList& args, int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
-        if (argv == nullptr || argv[i] == nullptr) throw std::invalid_argument("null argument");
+        if (argv == nullptr || argv[i] == nullptr) return false;
         args.append(argv[i]);
     }
+    return true;
 }
 
 /// The recognisers of one parse.
@@ -63,7 +64,7 @@ int BasicParser::parseArgsVector(int argc, char** argv, IParseResult* result) {
     if (argc < 2) return 0;
     try {
         ArgumentList args;
-        append(args, argc, argv);
+        if (!append(args, argc, argv)) return exceptionCaught;
         return parseVector(args, result);
     } catch (const std::exception&) {
         return exceptionCaught;

@@ -1,7 +1,6 @@
 #include "options/option_description.h"
 
 #include <exception>
-#include <stdexcept>
 #include <utility>
 
 namespace vorn_3_1::internal {
@@ -21,8 +20,6 @@ OptionDescription::Record::Record(Registration registration, Garbage* textKeeper
 OptionDescription::OptionDescription(Registration registration, Garbage* textKeeper,
                                      const RegistryLink& registryLink)
     : record(std::make_shared<Record>(std::move(registration), textKeeper)), link(registryLink) {}
-
-void OptionDescription::throwNoName() { throw std::out_of_range("an option without names"); }
 
 // A builder operation either happens whole or leaves the option as it was.
 template <class Change>

@@ -49,9 +49,8 @@ public:
     const std::vector<OptionName>& names() const { return record->names; }
     /// Followed by a NUL. Throws std::out_of_range when the option has no names.
     std::string_view firstName() const {
-        if (names().empty()) [[unlikely]]
-            throwNoName();
-        return names().front().key();
+        // at() is a call; it is made only where it throws.
+        return (names().empty() ? names().at(0) : names().front()).key();
     }
     unsigned group() const { return record->group; }
     std::string_view description() const { return record->description; }
@@ -97,8 +96,6 @@ private:
         Garbage* keeper;
         std::uint64_t nameListId;
     };
-
-    [[noreturn]] static void throwNoName();
 
     template <class Operation>
     bool typedOperation(Operation& operation) const;

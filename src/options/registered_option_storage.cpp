@@ -25,7 +25,7 @@ void reportTakenName(std::string_view name) {
     namespace strings = MORA_2_10::strings::tm2;
     logLine("An option with the same name is already registered: ", name);
     strings::openConsole();
-    strings::ucerr << strings::to_utf8(std::string(name)) << std::endl;
+    (strings::ucerr << strings::to_utf8(std::string(name))).put('\n').flush();
 }
 
 }  // namespace

@@ -174,9 +174,22 @@ variant_t::variant_t(const variant_t& other) : payload(other.payload), tag(other
     }
 }
 
+variant_t::variant_t(variant_t&& other) noexcept : payload(other.payload), tag(other.tag) {
+    other.tag = qel_empty;
+}
+
 variant_t& variant_t::operator=(const variant_t& other) {
     // The copy comes first: when it fails, this value is still whole.
     if (this != &other) *this = variant_t(other);
+    return *this;
+}
+
+variant_t& variant_t::operator=(variant_t&& other) noexcept {
+    if (this == &other) return *this;
+    releaseOwned();
+    payload = other.payload;
+    tag = other.tag;
+    other.tag = qel_empty;
     return *this;
 }
 
