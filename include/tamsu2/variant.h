@@ -51,7 +51,7 @@ public:
 #pragma GCC diagnostic pop
     static allocator_t m_mem;
 
-    variant_t() noexcept : tag(qel_empty) { payload.bits = 0; }  ///< Empty: kind 17.
+    variant_t() noexcept : payload{0}, tag(qel_empty) {}  ///< Empty: kind 17.
     variant_t(bool value) noexcept;
     variant_t(int value) noexcept;
     variant_t(unsigned int value) noexcept;

@@ -49,7 +49,8 @@ public:
     const std::vector<OptionName>& names() const { return record->names; }
     /// Followed by a NUL. Throws std::out_of_range when the option has no names.
     std::string_view firstName() const {
-        // at() is a call; it is made only where it throws.
+        // at() is a call, and made only where it is to throw.
+        // cppcheck-suppress containerOutOfBounds
         return (names().empty() ? names().at(0) : names().front()).key();
     }
     unsigned group() const { return record->group; }

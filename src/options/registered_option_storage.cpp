@@ -78,7 +78,7 @@ std::vector<OptionName> RegisteredOptionStorage::split(std::string_view names) {
     list.reserve(static_cast<std::size_t>(std::ranges::count(names, ',')) + 1);
     SeparatedText pieces(names, ',');
     for (std::string_view piece; pieces.next(piece);)
-        list.push_back({texts.copy(piece), hashOf(piece)});
+        list.emplace_back(texts.copy(piece), hashOf(piece));
     return list;
 }
 

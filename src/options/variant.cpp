@@ -114,33 +114,24 @@ void* variant_t::allocator_t::obtain(std::size_t bytes) { return ::operator new(
 // Set up at link time, so that hosts may build variants in their own static constructors.
 constinit variant_t::allocator_t variant_t::m_mem;
 
-variant_t::variant_t(bool value) noexcept : tag(qel_bool) { payload.bits = value ? 1 : 0; }
-variant_t::variant_t(int value) noexcept : tag(qel_int) { payload.bits = value; }
-variant_t::variant_t(unsigned int value) noexcept : tag(qel_uint) { payload.bits = value; }
-variant_t::variant_t(long value) noexcept : tag(sizeof(long) == sizeof(int) ? qel_int : qel_int64) {
-    payload.bits = value;
-}
+variant_t::variant_t(bool value) noexcept : payload{value ? 1 : 0}, tag(qel_bool) {}
+variant_t::variant_t(int value) noexcept : payload{value}, tag(qel_int) {}
+variant_t::variant_t(unsigned int value) noexcept : payload{value}, tag(qel_uint) {}
+variant_t::variant_t(long value) noexcept
+    : payload{value}, tag(sizeof(long) == sizeof(int) ? qel_int : qel_int64) {}
 variant_t::variant_t(unsigned long value) noexcept
-    : tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {
-    payload.bits = static_cast<long long>(value);
-}
-variant_t::variant_t(long long value) noexcept : tag(qel_int64) { payload.bits = value; }
-variant_t::variant_t(unsigned long long value) noexcept : tag(qel_uint64) {
-    payload.bits = static_cast<long long>(value);
-}
-variant_t::variant_t(double value) noexcept : tag(qel_double) { payload.number = value; }
+    : payload{static_cast<long long>(value)}, tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {}
+variant_t::variant_t(long long value) noexcept : payload{value}, tag(qel_int64) {}
+variant_t::variant_t(unsigned long long value) noexcept
+    : payload{static_cast<long long>(value)}, tag(qel_uint64) {}
+variant_t::variant_t(double value) noexcept : payload{std::bit_cast<long long>(value)}, tag(qel_double) {}
 
-variant_t::variant_t(const char* text) : tag(qel_string) {
-    payload.bits = 0;
-    payload.pointer = copyOfText(text);
-}
-variant_t::variant_t(const wchar_t* text) : tag(qel_wstring) {
-    payload.bits = 0;
+variant_t::variant_t(const char* text) : payload{0}, tag(qel_string) { payload.pointer = copyOfText(text); }
+variant_t::variant_t(const wchar_t* text) : payload{0}, tag(qel_wstring) {
     payload.pointer = copyOfText(text);
 }
 
-variant_t::variant_t(const void* bytes, std::uint32_t count) : tag(qel_block) {
-    payload.bits = 0;
+variant_t::variant_t(const void* bytes, std::uint32_t count) : payload{0}, tag(qel_block) {
     if (bytes == nullptr) return;
     char* block = static_cast<char*>(memory().obtain(countBytes + count));
     std::memcpy(block, &count, countBytes);
