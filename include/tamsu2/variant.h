@@ -51,7 +51,7 @@ public:
 #pragma GCC diagnostic pop
     static allocator_t m_mem;
 
-    variant_t() noexcept : payload{0}, tag(qel_empty) {}  ///< Empty: kind 17.
+    variant_t() noexcept = default;  ///< Empty: kind 17.
     variant_t(bool value) noexcept;
     variant_t(int value) noexcept;
     variant_t(unsigned int value) noexcept;
@@ -71,7 +71,17 @@ public:
     variant_t(variant_t&& other) noexcept;
     variant_t& operator=(const variant_t& other);
     variant_t& operator=(variant_t&& other) noexcept;
-    ~variant_t() { releaseOwned(); }
+    ~variant_t() {
+        switch (tag) {
+            case qel_string:
+            case qel_wstring:
+            case qel_block:
+                release();
+                break;
+            default:
+                break;
+        }
+    }
 
     qel_variant_type_t kind() const noexcept { return static_cast<qel_variant_type_t>(tag); }
 
@@ -105,14 +115,10 @@ private:
         void* pointer;
     };
 
-    void releaseOwned() noexcept {
-        if ((tag == qel_string || tag == qel_wstring || tag == qel_block) && payload.pointer != nullptr)
-            release();
-    }
     void release() noexcept;
 
-    storage_t payload;
-    int32_t tag;
+    storage_t payload = {0};
+    int32_t tag = qel_empty;
 };
 
 }  // namespace tamsu2

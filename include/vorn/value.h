@@ -17,16 +17,13 @@ struct Value {
     tamsu2::int32_t position;  ///< Position number; INT_MAX when nothing was found.
     tamsu2::variant_t value;   ///< The typed value; empty for an option without values.
 
-    /// as<const char*>() is the one form there is.
+    /// The text, or null when the status is not 0. as<const char*>() is the one form there is.
     template <class T>
-    T as() const;
+    T as() const {
+        const T* only = &text;  // compiles for no other type, be it one that a pointer would convert to
+        return status == 0 ? *only : nullptr;
+    }
 };
-
-/// The text, or null when the status is not 0.
-template <>
-inline const char* Value::as<const char*>() const {
-    return status == 0 ? text : nullptr;
-}
 
 }  // namespace vorn_3_1
 

@@ -126,12 +126,10 @@ variant_t::variant_t(unsigned long long value) noexcept
     : payload{static_cast<long long>(value)}, tag(qel_uint64) {}
 variant_t::variant_t(double value) noexcept : payload{std::bit_cast<long long>(value)}, tag(qel_double) {}
 
-variant_t::variant_t(const char* text) : payload{0}, tag(qel_string) { payload.pointer = copyOfText(text); }
-variant_t::variant_t(const wchar_t* text) : payload{0}, tag(qel_wstring) {
-    payload.pointer = copyOfText(text);
-}
+variant_t::variant_t(const char* text) : tag(qel_string) { payload.pointer = copyOfText(text); }
+variant_t::variant_t(const wchar_t* text) : tag(qel_wstring) { payload.pointer = copyOfText(text); }
 
-variant_t::variant_t(const void* bytes, std::uint32_t count) : payload{0}, tag(qel_block) {
+variant_t::variant_t(const void* bytes, std::uint32_t count) : tag(qel_block) {
     if (bytes == nullptr) return;
     char* block = static_cast<char*>(memory().obtain(countBytes + count));
     std::memcpy(block, &count, countBytes);
@@ -177,14 +175,16 @@ variant_t& variant_t::operator=(const variant_t& other) {
 
 variant_t& variant_t::operator=(variant_t&& other) noexcept {
     if (this == &other) return *this;
-    releaseOwned();
+    if (ownsMemory(tag)) release();
     payload = other.payload;
     tag = other.tag;
     other.tag = qel_empty;
     return *this;
 }
 
-void variant_t::release() noexcept { memory().release(payload.pointer); }
+void variant_t::release() noexcept {
+    if (payload.pointer != nullptr) memory().release(payload.pointer);
+}
 
 bool variant_t::asBool() const noexcept {
     if (tag == qel_double) return payload.number < 0.0 || payload.number > 0.0;
