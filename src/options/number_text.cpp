@@ -14,13 +14,12 @@ namespace vorn_3_1::internal {
 
 namespace {
 
-bool localeIsClassic() { return std::locale() == std::locale::classic(); }
-
-bool isSign(char character) { return character == '+' || character == '-'; }
+bool isBlank(char character) { return character == ' ' || (character >= '\t' && character <= '\r'); }
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
-    const std::size_t start = text.find_first_not_of(" \t\n\v\f\r");
-    return start == std::string_view::npos ? std::string_view() : text.substr(start);
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    return text;
 }
 
 /// A walk over characters that ends where they do.
@@ -30,12 +29,7 @@ struct Scanner {
 
     char next() const { return cursor == end ? '\0' : *cursor; }
     bool skip(char character) {
-        if (next() != character || cursor == end) return false;
-        ++cursor;
-        return true;
-    }
-    bool skipSign() {
-        if (!isSign(next())) return false;
+        if (next() != character) return false;
         ++cursor;
         return true;
     }
@@ -100,29 +94,24 @@ bool readInteger(std::string_view text, Base base, bool isSigned, unsigned long 
     return true;
 }
 
-// What a stream takes for a floating number: digits with at most one point, then an exponent if there was a
-// digit. It takes the exponent's letter and sign before it knows whether digits follow.
-std::string_view doubleAt(std::string_view text) {
-    Scanner scanner{text.data(), text.data() + text.size()};
-    scanner.skipSign();
+bool readDouble(std::string_view text, double& value) {
+    const std::string_view number = withoutLeadingBlanks(text);
+    Scanner scanner{number.data(), number.data() + number.size()};
+    const char* start = number.data();
+    if (scanner.skip('+')) {
+        start = scanner.cursor;  // which from_chars would not take
+    } else {
+        scanner.skip('-');
+    }
     std::ptrdiff_t digits = scanner.skipDigits();
     if (scanner.skip('.')) digits += scanner.skipDigits();
-    if (digits > 0 && (scanner.skip('e') || scanner.skip('E'))) {
-        scanner.skipSign();
-        scanner.skipDigits();
-    }
-    return text.substr(0, static_cast<std::size_t>(scanner.cursor - text.data()));
-}
-
-bool readDouble(std::string_view text, double& value) {
-    // Also ends before "nan" and "inf", which from_chars would take.
-    std::string_view number = doubleAt(withoutLeadingBlanks(text));
-    if (number.starts_with('+')) number.remove_prefix(1);
     // On i386 the standard library's from_chars multiplies by the power of ten in the x87's registers and so
     // rounds twice; that is why the stream reads all numbers with an exponent.
-    if (number.find_first_of("eE") != std::string_view::npos) return readByStream(text, Base::decimal, value);
-    const char* end = number.data() + number.size();
-    const auto read = std::from_chars(number.data(), end, value);
+    if (digits > 0 && (scanner.next() == 'e' || scanner.next() == 'E')) {
+        return readByStream(text, Base::decimal, value);
+    }
+    // Ends at the cursor: from_chars would take more than a stream does, "nan" and "inf".
+    const auto read = std::from_chars(start, scanner.cursor, value);
     // Too large and too small look alike here, but only the former fails.
     if (read.ec == std::errc::result_out_of_range) return readByStream(text, Base::decimal, value);
     return read.ec == std::errc();
@@ -141,9 +130,13 @@ std::string charsOfDouble(double value) {
 
 }  // namespace
 
+Numerals currentNumerals() {
+    return std::locale() == std::locale::classic() ? Numerals::classic : Numerals::localised;
+}
+
 template <class Number>
-bool readNumber(std::string_view text, Base base, Number& value) {
-    if (!localeIsClassic()) return readByStream(text, base, value);
+bool readNumber(std::string_view text, Base base, Number& value, Numerals numerals) {
+    if (numerals != Numerals::classic) return readByStream(text, base, value);
     if constexpr (std::is_same_v<Number, double>) {
         return readDouble(text, value);
     } else {
@@ -159,7 +152,7 @@ bool readNumber(std::string_view text, Base base, Number& value) {
 
 template <class Number>
 std::string writeNumber(Number value) {
-    if (!localeIsClassic()) return writeByStream(value);
+    if (currentNumerals() != Numerals::classic) return writeByStream(value);
     if constexpr (std::is_same_v<Number, double>) {
         return charsOfDouble(value);
     } else {
@@ -168,12 +161,12 @@ std::string writeNumber(Number value) {
     }
 }
 
-template bool readNumber(std::string_view, Base, bool&);
-template bool readNumber(std::string_view, Base, int&);
-template bool readNumber(std::string_view, Base, unsigned int&);
-template bool readNumber(std::string_view, Base, long long&);
-template bool readNumber(std::string_view, Base, unsigned long long&);
-template bool readNumber(std::string_view, Base, double&);
+template bool readNumber(std::string_view, Base, bool&, Numerals);
+template bool readNumber(std::string_view, Base, int&, Numerals);
+template bool readNumber(std::string_view, Base, unsigned int&, Numerals);
+template bool readNumber(std::string_view, Base, long long&, Numerals);
+template bool readNumber(std::string_view, Base, unsigned long long&, Numerals);
+template bool readNumber(std::string_view, Base, double&, Numerals);
 
 template std::string writeNumber(bool);
 template std::string writeNumber(int);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "options/garbage.h"
+#include "options/number_text.h"
 #include "options/option_index.h"
 #include "tamsu2/variant.h"
 #include "vorn/option.h"
@@ -83,7 +84,8 @@ public:
     /// text itself is the value and nobody may want a copy), and `text` has become the whole allowed value
     /// where it was a beginning of one, which lives in this option. False: `error` says why, and `value`
     /// is not to be used.
-    bool validate(std::string_view& text, tamsu2::variant_t& value, std::string& error) const;
+    bool validate(std::string_view& text, tamsu2::variant_t& value, Numerals numerals,
+                  std::string& error) const;
 
 private:
     struct Record : Registration {
@@ -101,7 +103,7 @@ private:
     template <class Operation>
     bool typedOperation(Operation& operation) const;
 
-    bool convert(std::string_view text, tamsu2::variant_t& value) const;
+    bool convert(std::string_view text, tamsu2::variant_t& value, Numerals numerals) const;
 
     template <class Change>
     IOption* shape(Change change);

@@ -31,12 +31,16 @@ Base baseOf(std::string_view text) {
 struct OperationFromString {
     std::string_view text;
     tamsu2::variant_t& target;
+    Numerals numerals;
 
     template <class Number>
     bool execute(As<Number>) {
         return read<Number>(Base::decimal);
     }
-    bool execute(As<unsigned long long>) { return read<unsigned long long>(baseOf(text)); }
+    bool execute(As<unsigned long long>) {
+        // Reading stops at a NUL by itself; finding out the base has to be told.
+        return read<unsigned long long>(baseOf(text.substr(0, text.find('\0'))));
+    }
     bool execute(As<const char*>) {
         target = tamsu2::variant_t(std::string(text).c_str());
         return true;
@@ -46,7 +50,7 @@ private:
     template <class Number>
     bool read(Base base) {
         Number number{};
-        if (!readNumber(text, base, number)) return false;
+        if (!readNumber(text, base, number, numerals)) return false;
         target = tamsu2::variant_t(number);
         return true;
     }
@@ -127,12 +131,12 @@ std::string OptionDescription::getTypeName() const {
 
 tamsu2::variant_t OptionDescription::fromString(std::string_view text) const {
     tamsu2::variant_t value;
-    convert(text, value);
+    convert(text, value, currentNumerals());
     return value;
 }
 
-bool OptionDescription::convert(std::string_view text, tamsu2::variant_t& value) const {
-    OperationFromString operation{text.substr(0, text.find('\0')), value};
+bool OptionDescription::convert(std::string_view text, tamsu2::variant_t& value, Numerals numerals) const {
+    OperationFromString operation{text, value, numerals};
     return typedOperation(operation);
 }
 

@@ -1,7 +1,6 @@
 // What a named option's value is, and every way of misusing an option.
 #include "recognisers/abbreviation_parser.h"
 
-#include <optional>
 #include <utility>
 
 #include "core/diagnostic_log.h"
@@ -24,8 +23,13 @@ int AbbreviationParser::parse(ArgumentList& args, IResultCollector* collector,
                       ", could be: ", listOfBestNames()});
         return invalidArgument;
     }
-    std::optional<OptionDescription> copy;
-    const OptionDescription& option = snapshotOf(storage.description(bestMatches[0].name.option), copy);
+    return withSnapshotOf(
+        storage.description(bestMatches[0].name.option),
+        [&](const OptionDescription& option) { return parseAs(option, args, collector, msg); });
+}
+
+int AbbreviationParser::parseAs(const OptionDescription& option, ArgumentList& args,
+                                IResultCollector* collector, std::string& msg) {
     logLine(name, ": detected option: '", option.firstName(), "'");
 
     ValueSource value{token.value};

@@ -50,6 +50,8 @@ private:
     std::string listOfBestNames() const;
 
     // Parsing.
+    int parseAs(const OptionDescription& option, ArgumentList& args, IResultCollector* collector,
+                std::string& msg);
     int findValue(const ArgumentList& args, const OptionDescription& option, ValueSource& value,
                   std::string& msg) const;
     int takeNextArgument(const ArgumentList& args, std::string_view firstName, ValueSource& value,

@@ -5,7 +5,6 @@
 #include "core/diagnostic_log.h"
 #include "options/garbage.h"
 #include "options/joined_text.h"
-#include "options/option_description.h"
 #include "options/separated_text.h"
 #include "result/result_collector.h"
 
@@ -13,11 +12,6 @@ namespace vorn_3_1::internal {
 
 std::string IArgumentParser::formatTokenMessage(std::string_view token) const {
     return joined({" in argument: '", token, "'"});
-}
-
-const OptionDescription& IArgumentParser::snapshotOf(const OptionDescription& registered,
-                                                     std::optional<OptionDescription>& copy) const {
-    return context.owner == nullptr ? registered : copy.emplace(registered);
 }
 
 void IArgumentParser::announceOption(const OptionDescription& option) const {
@@ -63,8 +57,10 @@ int IArgumentParser::addItems(std::string_view value, std::string& msg, const Op
 
 int IArgumentParser::addItem(std::string_view item, std::string_view value, std::string& msg,
                              const OptionDescription& option, const ArgumentList& args) {
-    ValueRecord& record = found.values.emplace_back(ValueRecord{item, {}, 0});
-    if (!option.validate(record.text, record.value, msg)) {
+    ValueRecord& record = found.values.emplace_back();
+    record.text = item;
+    const Numerals numerals = context.owner == nullptr ? context.numerals : currentNumerals();
+    if (!option.validate(record.text, record.value, numerals, msg)) {
         msg = joined({"Value validation problem in argument '", args.front(), "': ", msg});
         logLine(name, ": ", msg);
         return invalidArgument;

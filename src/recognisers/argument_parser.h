@@ -3,10 +3,11 @@
 #ifndef VORN_RECOGNISERS_ARGUMENT_PARSER_H
 #define VORN_RECOGNISERS_ARGUMENT_PARSER_H
 
-#include <optional>
 #include <string>
 #include <string_view>
 
+#include "options/number_text.h"
+#include "options/option_description.h"
 #include "options/position_counter.h"
 #include "options/result_codes.h"
 #include "recognisers/argument_list.h"
@@ -17,7 +18,6 @@ namespace vorn_3_1::internal {
 
 class Garbage;
 class IResultCollector;
-class OptionDescription;
 class RegisteredOptionStorage;
 
 /// What the parser gives its recognisers. Nothing of it is owned.
@@ -25,6 +25,7 @@ struct RecogniserContext {
     EventHandler* owner;  // raises events at the host's handlers; null when nobody listens
     Garbage* garbage;     // keeps the texts that events hand out
     int flags;
+    Numerals numerals;  // as the parse began; a handler may set another locale
 };
 
 class IArgumentParser {
@@ -58,10 +59,12 @@ protected:
     int parseValueAndAddOption(std::string_view value, std::string& msg, const OptionDescription& option,
                                const ArgumentList& args, IResultCollector* collector);
 
-    /// The option as it is now, for as long as `copy`: a handler may shape the option, or register others, while
-    /// it is parsed. Where nobody listens no copy is made.
-    const OptionDescription& snapshotOf(const OptionDescription& registered,
-                                        std::optional<OptionDescription>& copy) const;
+    /// Calls `parse` with the option as it is now: a handler may shape the option, or register others, while it
+    /// is parsed. Where nobody listens no copy is made.
+    template <class Parse>
+    int withSnapshotOf(const OptionDescription& registered, Parse parse) const {
+        return context.owner == nullptr ? parse(registered) : parse(OptionDescription(registered));
+    }
 
     /// Raises onOptionParse with the option's first name.
     void announceOption(const OptionDescription& option) const;

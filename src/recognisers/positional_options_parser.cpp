@@ -19,9 +19,13 @@ int PositionalOptionsParser::recognize(const ArgumentList& args, const Registere
 int PositionalOptionsParser::parse(ArgumentList& args, IResultCollector* collector,
                                    const RegisteredOptionStorage& storage, std::string& msg) {
     logLine(name, ": parsing argument '", args.front(), "'");
-    std::optional<OptionDescription> copy;
-    const OptionDescription& option =
-        snapshotOf(storage.description(storage.index().firstPositional()), copy);
+    return withSnapshotOf(
+        storage.description(storage.index().firstPositional()),
+        [&](const OptionDescription& option) { return parseAs(option, args, collector, msg); });
+}
+
+int PositionalOptionsParser::parseAs(const OptionDescription& option, ArgumentList& args,
+                                     IResultCollector* collector, std::string& msg) {
     logLine(name, ": option is '", option.firstName(), "'");
     do {
         announceOption(option);

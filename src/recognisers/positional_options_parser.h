@@ -21,6 +21,10 @@ public:
               std::string& msg) override;
 
     int getPriority() const override { return -100; }
+
+private:
+    int parseAs(const OptionDescription& option, ArgumentList& args, IResultCollector* collector,
+                std::string& msg);
 };
 
 }  // namespace vorn_3_1::internal

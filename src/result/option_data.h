@@ -13,7 +13,7 @@ namespace vorn_3_1::internal {
 struct ValueRecord {
     std::string_view text;    // as validation left it; may be one NUL character
     tamsu2::variant_t value;  // empty where the text itself is the value
-    std::int32_t position;
+    std::int32_t position = 0;
 };
 
 /// The texts live in the argument list, or in the option where validation has expanded them.

@@ -71,6 +71,13 @@ TEST(Driver, theGlobalLocaleOfTheMomentDecidesOnBlanksAndNumbers) {
               "Possible values follows: '6.55.36'");
     EXPECT_EQ(cli.stored("int double hex"), "int[-1.23.45.67] double[12.34,5] hex[10000h] ");
     EXPECT_STREQ(cli.parser->getDescription(), "-int=<integer> (-1.23.45.67)  d\n\n");
+    const std::locale comma = std::locale::global(before);
+    std::string events;
+    Recorder handler(events);
+    handler.atOption = [&] { std::locale::global(comma); };
+    cli.parser->addHandler(&handler);
+    EXPECT_EQ(cli.parse("--int=1.23"), "0");
+    EXPECT_EQ(cli.result->get("int").value.asInt(), 123);
     std::locale::global(before);
 }
 
