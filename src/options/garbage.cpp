@@ -2,25 +2,29 @@
 
 namespace vorn_3_1::internal {
 
+namespace {
+constexpr std::string_view empty = "";  // one pointer for all keepers
+}
+
 const char* Garbage::init(const char* text) { return keep(text == nullptr ? "" : text).data(); }
 
 std::string_view Garbage::keep(std::string_view text) {
-    return find(text, [this](std::string_view unknown) { return arena.copy(unknown); });
+    if (text.empty()) return empty;
+    const std::uint32_t hash = hashOf(text);
+    const TextEntry* known = texts.find(text, hash);
+    return known == nullptr ? add(arena.copy(text), hash) : known->key();
 }
 
 std::string_view Garbage::adopt(std::string_view text) {
-    return find(text, [](std::string_view unknown) { return unknown; });
+    if (text.empty()) return empty;
+    const std::uint32_t hash = hashOf(text);
+    const TextEntry* known = texts.find(text, hash);
+    return known == nullptr ? add(text, hash) : known->key();
 }
 
-template <class Own>
-std::string_view Garbage::find(std::string_view text, Own own) {
-    static constexpr std::string_view empty = "";
-    if (text.empty()) return empty;
+std::string_view Garbage::add(std::string_view text, std::uint32_t hash) {
     texts.reserve(1);
-    const std::uint32_t hash = hashOf(text);
-    TextEntry& entry = texts.entryFor(text, hash);
-    if (entry.isFree()) texts.add(entry, {own(text), hash});
-    return entry.key();
+    return texts.add({text, hash}).key();
 }
 
 }  // namespace vorn_3_1::internal

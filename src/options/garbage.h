@@ -26,8 +26,7 @@ public:
     std::string_view adopt(std::string_view text);
 
 private:
-    template <class Own>
-    std::string_view find(std::string_view text, Own own);
+    std::string_view add(std::string_view text, std::uint32_t hash);
 
     TextArena arena;
     TextTable<TextEntry> texts;

@@ -15,10 +15,10 @@ void OptionIndex::addName(const RegisteredName& name, std::uint32_t hash) noexce
         spelling.option = std::min(spelling.option, name.option);
         ++spelling.count;
     };
-    NameUse& known = uses.entryFor(name.text(), hash);
-    if (known.isFree()) uses.add(known, {{name.text(), hash}, {}, {}});
-    count(known.options);
-    if (name.isSwitch) count(known.switches);
+    NameUse* use = uses.find(name.text(), hash);
+    if (use == nullptr) use = &uses.add({{name.text(), hash}, {}, {}});
+    count(use->options);
+    if (name.isSwitch) count(use->switches);
     journal.push_back(name);
 }
 

@@ -69,7 +69,7 @@ unsigned RegisteredOptionStorage::fileGroup(std::string_view group) {
     groupsByName.reserve(1);
     groupList.push_back({texts.copy(name), texts.copy(title)});
     const auto index = static_cast<unsigned>(groupList.size() - 1);
-    groupsByName.add(groupsByName.entryFor(name, hash), {{groupList.back().name, hash}, index});
+    groupsByName.add({{groupList.back().name, hash}, index});
     return index;
 }
 

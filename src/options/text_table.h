@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vorn_3_1::internal {
@@ -21,7 +22,6 @@ struct TextEntry {
     TextEntry(std::string_view ownText, std::uint32_t ownHash)
         : text(ownText.data()), length(static_cast<std::uint32_t>(ownText.size())), hash(ownHash) {}
 
-    bool isFree() const { return text == nullptr; }
     std::string_view key() const { return {text, length}; }
 
     const char* text = nullptr;
@@ -29,62 +29,68 @@ struct TextEntry {
     std::uint32_t hash = 0;
 };
 
-/// A hash table with open addressing over entries that have key(), hash and isFree(), the last true of a new one.
-/// The texts are not the table's, so their owner outlives it; nothing is ever removed.
+/// A hash table over entries that have key() and hash. The texts are not the table's, so their owner outlives it;
+/// nothing is ever removed.
+///
+/// The entries stand one behind the other as they came, and only their numbers are scattered by hash: so what is
+/// visited and moved at random is small, and stays in the caches far longer.
 template <class Entry>
 class TextTable {
 public:
     /// The text's entry, or null. Good until the next reserve.
     const Entry* find(std::string_view text, std::uint32_t hash) const {
-        if (entries.empty()) return nullptr;
-        const Entry& entry = entries[place(text, hash)];
-        return entry.isFree() ? nullptr : &entry;
+        if (slots.empty()) return nullptr;
+        for (std::uint32_t at = hash & mask(); slots[at] != free; at = (at + 1) & mask()) {
+            if (((slots[at] ^ hash) & ~mask()) != 0) continue;
+            const Entry& entry = entries[slots[at] & mask()];
+            if (entry.key() == text) return &entry;
+        }
+        return nullptr;
     }
     const Entry* find(std::string_view text) const { return find(text, hashOf(text)); }
-
-    /// Makes room for `more` further texts. The only operation that may throw.
-    void reserve(std::size_t more) {
-        if ((used + more) * 4 > entries.size() * 3) grow(used + more);
+    Entry* find(std::string_view text, std::uint32_t hash) {
+        return const_cast<Entry*>(std::as_const(*this).find(text, hash));
     }
 
-    /// The text's entry, or a free one for add to fill. There has to be room for it.
-    Entry& entryFor(std::string_view text, std::uint32_t hash) { return entries[place(text, hash)]; }
+    /// Makes room for `more` further entries. The only operation that may throw.
+    void reserve(std::size_t more) {
+        if (count + more > roomIn(slots.size())) grow(count + more);
+    }
 
-    /// Fills a free entry that entryFor has given for an equal text.
-    void add(Entry& free, const Entry& entry) {
-        free = entry;
-        ++used;
+    /// Adds the entry of a text that has none. There has to be room for it.
+    Entry& add(const Entry& entry) noexcept {
+        enter(count, entry.hash);
+        return entries[count++] = entry;
     }
 
 private:
-    // The entry of the text, or the free one where it belongs.
-    std::size_t place(std::string_view text, std::uint32_t hash) const {
-        const std::size_t mask = entries.size() - 1;
-        std::size_t index = hash & mask;
-        while (!entries[index].isFree() && (entries[index].hash != hash || entries[index].key() != text)) {
-            index = (index + 1) & mask;
-        }
-        return index;
+    // A slot holds an entry's number in as many low bits as the number of slots has, which the entry's hash would
+    // need only to say that it belongs here; the other bits are the hash's and tell most strangers at once.
+    static constexpr std::uint32_t free = ~0u;  // no entry: there are always more slots than entries
+
+    static std::size_t roomIn(std::size_t slotCount) { return slotCount / 4 * 3; }
+    std::uint32_t mask() const { return static_cast<std::uint32_t>(slots.size()) - 1; }
+
+    void enter(std::uint32_t number, std::uint32_t hash) noexcept {
+        std::uint32_t at = hash & mask();
+        while (slots[at] != free)
+            at = (at + 1) & mask();
+        slots[at] = (hash & ~mask()) | number;
     }
 
-    void grow(std::size_t count) {
+    void grow(std::size_t wanted) {
         std::size_t size = 16;
-        while (size * 3 < count * 4)
+        while (roomIn(size) < wanted)
             size *= 2;
-        std::vector<Entry> old(size);
-        old.swap(entries);
-        const std::size_t mask = size - 1;
-        for (const Entry& entry : old) {
-            if (entry.isFree()) continue;
-            std::size_t index = entry.hash & mask;
-            while (!entries[index].isFree())
-                index = (index + 1) & mask;
-            entries[index] = entry;
-        }
+        entries.resize(roomIn(size));
+        slots = std::vector<std::uint32_t>(size, free);
+        for (std::uint32_t number = 0; number < count; ++number)
+            enter(number, entries[number].hash);
     }
 
-    std::vector<Entry> entries;  // a power of two of them, at most three quarters in use
-    std::size_t used = 0;
+    std::vector<Entry> entries;
+    std::uint32_t count = 0;
+    std::vector<std::uint32_t> slots;  // a power of two of them
 };
 
 }  // namespace vorn_3_1::internal

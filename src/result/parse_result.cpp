@@ -91,10 +91,12 @@ ParseResult::Name* ParseResult::find(const TextEntry& name) {
 const ParseResult::Names& ParseResult::namesOf(const OptionDescription& option) {
     namesInHand.clear();
     for (const OptionName& name : option.names()) {
-        options.reserve(1);
-        NameEntry& entry = options.entryFor(name.key(), name.hash);
-        if (entry.isFree()) options.add(entry, {&names.add(texts.copy(name.key())), name.hash});
-        namesInHand.push_back(entry.name);
+        Name* known = find(name);
+        if (known == nullptr) {
+            options.reserve(1);
+            known = options.add({&names.add(texts.copy(name.key())), name.hash}).name;
+        }
+        namesInHand.push_back(known);
     }
     return namesInHand;
 }

@@ -87,7 +87,6 @@ private:
         std::int32_t defaultPosition = 0;
     };
     struct NameEntry {
-        bool isFree() const { return name == nullptr; }
         std::string_view key() const { return {name->text, name->length}; }
 
         Name* name = nullptr;

@@ -29,15 +29,16 @@ TEST(Garbage, keepsEqualTextsAsOnePointerForGood) {
 TEST(TextTable, tellsTextsApartWhateverTheirHashes) {
     const std::vector<std::string> texts = vorn_tests::allTexts("abc", 7);
     for (const std::uint32_t hashes : {16u, 5000u, ~0u}) {
+        const auto hashIn = [hashes](const std::string& text) { return ~(hashOf(text) % hashes); };
         TextTable<TextEntry> table;
         for (std::size_t i = 0; i < texts.size(); ++i) {
-            const std::uint32_t hash = hashOf(texts[i]) % hashes;
+            const std::uint32_t hash = hashIn(texts[i]);
             ASSERT_EQ(table.find(texts[i], hash), nullptr);
             table.reserve(1);
-            table.add(table.entryFor(texts[i], hash), {texts[i], hash});
+            table.add({texts[i], hash});
         }
         for (const std::string& text : texts) {
-            const TextEntry* entry = table.find(text, hashOf(text) % hashes);
+            const TextEntry* entry = table.find(text, hashIn(text));
             ASSERT_TRUE(entry != nullptr && entry->text == text.data() && entry->key() == text) << text;
         }
     }
