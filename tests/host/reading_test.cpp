@@ -81,6 +81,8 @@ TEST_F(HostReading, wrongNamesAndTypesAreProgrammingErrors) {
     for (const char* name : {"lev", "no-verbose", "", "path2"}) {
         EXPECT_THROW(result.isExplicit(name), std::logic_error) << name;
     }
+    EXPECT_EQ(complaintOf<std::logic_error>([&] { result.isExplicit("--set"); }),
+              "vorn: no option is named '--set' (names are given without their hyphens)");
     expectMisread<double>(result, "effort", "int and is read as double");
     expectMisread<std::uint64_t>(result, "verbose", "bool and is read as std::uint64_t");
     expectMisread<Text>(result, "mark", "NoValue and is read as std::string_view");

@@ -81,6 +81,7 @@ TEST(HostRegistration, onlyValuesOfTheOptionsTypeCompile) {
     using host::detail::givesVerdict;
     EXPECT_TRUE((givesVerdict<bool (*)(int), int>() && givesVerdict<const char* (*)(int), int>()));
     EXPECT_FALSE((givesVerdict<void (*)(int), int>() || givesVerdict<bool (*)(Text), int>()));
+    EXPECT_FALSE((givesVerdict<int (*)(int), int>()));  // 0 would read as a refusal
     static_assert(!std::is_copy_constructible_v<host::Option<int>>);
     static_assert(std::is_nothrow_move_constructible_v<host::Result>);
 }

@@ -49,8 +49,8 @@ struct UnknownHook final : HookOf<F> {
 template <class F, class... Arguments>
 constexpr bool givesVerdict() {
     if constexpr (std::is_invocable_v<F&, Arguments...>) {
-        using Verdict = std::invoke_result_t<F&, Arguments...>;
-        return std::is_convertible_v<Verdict, bool> || std::is_convertible_v<Verdict, std::string>;
+        using Verdict = std::decay_t<std::invoke_result_t<F&, Arguments...>>;
+        return std::is_same_v<Verdict, bool> || std::is_convertible_v<Verdict, std::string>;
     }
     return false;
 }

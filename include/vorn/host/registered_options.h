@@ -132,7 +132,9 @@ public:
                 if (own == name) return *record;
             }
         }
-        throw std::logic_error(joined({"vorn: no option is named '", name, "'"}));
+        const bool isTyped = !name.empty() && name.front() == '-';
+        throw std::logic_error(joined({"vorn: no option is named '", name, "'",
+                                       isTyped ? " (names are given without their hyphens)" : ""}));
     }
 
     const Record& find(std::string_view name, tamsu2::qel_variant_type_t kind) const {

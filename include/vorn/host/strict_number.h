@@ -38,11 +38,11 @@ inline bool isHexadecimal(std::string_view text) {
     return text.empty();
 }
 
-/// Whether the text is one decimal number from beginning to end, blanks around it aside. The library has
-/// read a number at its beginning, but stops at the first character that does not belong to that, and wraps
-/// a negative unsigned one.
+/// Whether the text is one decimal number from beginning to end; reading skips blanks in front of it. The library
+/// has read a number at its beginning, but stops at the first character that does not belong to that, and wraps a
+/// negative unsigned one.
 inline bool isWholeNumber(std::string_view text, tamsu2::qel_variant_type_t kind) {
-    skipAll(text, " \t");
+    skipAll(text, " \t\n\v\f\r");
     skipOne(text, kind == tamsu2::qel_uint || kind == tamsu2::qel_uint64 ? "+" : "+-");
     skipAll(text, decimalDigits);
     if (kind == tamsu2::qel_double) {
@@ -52,7 +52,6 @@ inline bool isWholeNumber(std::string_view text, tamsu2::qel_variant_type_t kind
             skipAll(text, decimalDigits);
         }
     }
-    skipAll(text, " \t");
     return text.empty();
 }
 

@@ -81,10 +81,13 @@ constexpr bool fits() {
 template <class T, class V>
 tamsu2::variant_t toVariant(const V& value) {
     static_assert(!std::is_same_v<T, NoValue>, "an option without a value has no default or allowed values");
+    constexpr bool isOfType = fits<T, std::decay_t<const V>>();
     static_assert(
-        fits<T, std::decay_t<const V>>(),
+        isOfType,
         "this value is not of the option's type (an unsigned one wants 2u or 2ull, a double one 2.0)");
-    if constexpr (std::is_same_v<T, std::string_view>) {
+    if constexpr (!isOfType) {
+        return {};  // one error is enough
+    } else if constexpr (std::is_same_v<T, std::string_view>) {
         return tamsu2::variant_t(std::string(std::string_view(value)).c_str());
     } else {
         return tamsu2::variant_t(static_cast<T>(value));
