@@ -34,14 +34,18 @@ TEST(Cursors, ofValuesAndOfArgumentsWalkApart) {
 TEST(Results, equalTextsAreOnePointerAndOutliveTheParser) {
     Cli cli;
     cli.option("x");
-    ASSERT_EQ(cli.parse("--x=a,a -- a"), "0");
+    ASSERT_EQ(cli.parse("--x=,a,a -- a ''"), "0");
     cli.parser->destroy();
     cli.parser = nullptr;
-    const Value first = cli.result->get("x");
+    const Value empty = cli.result->get("x");
+    const Value first = cli.result->next("x");
+    EXPECT_STREQ(first.as<const char*>(), "a");
+    EXPECT_EQ(cli.result->next("x").text, first.text);
     const char* argument = nullptr;
     EXPECT_EQ(cli.result->getFirstArgument(&argument), 0);
-    EXPECT_STREQ(first.as<const char*>(), "a");
-    EXPECT_TRUE(argument == first.text && cli.result->next("x").text == first.text);
+    EXPECT_EQ(argument, first.text);
+    EXPECT_EQ(cli.result->getNextArgument(&argument), 0);
+    EXPECT_EQ(argument, empty.text);
     EXPECT_EQ((Value{"a", 1, 0, 1}).as<const char*>(), nullptr);
 }
 

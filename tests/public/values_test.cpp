@@ -108,6 +108,16 @@ TEST(Lists, aTextIsCutAtTheSeparator) {
     }
 }
 
+TEST(Lists, aNumberEndsWithItsItem) {
+    for (const qel_variant_type_t type : {qel_int, qel_uint64, qel_double}) {
+        const Cli cli;
+        cli.option("n", type)->tokenize('0');
+        EXPECT_EQ(cli.parse("-n=1025"), "0");
+        EXPECT_EQ(cli.result->get("n").value.asInt(), 1);
+        EXPECT_EQ(cli.result->next("n").value.asInt(), 25);
+    }
+}
+
 TEST(Lists, theFirstBadItemRefusesTheWholeOccurrence) {
     const Texts cases[] = {
         {"1,x,2", ":n :n=1 ", "can not parse 'x' value, requires a type 'integer' here."},
