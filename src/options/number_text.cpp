@@ -130,9 +130,8 @@ std::string charsOfDouble(double value) {
 
 }  // namespace
 
-Numerals currentNumerals() {
-    return std::locale() == std::locale::classic() ? Numerals::classic : Numerals::localised;
-}
+// By name: comparing locales compares names as well, and ends the process when there is no memory for them.
+Numerals currentNumerals() { return std::locale().name() == "C" ? Numerals::classic : Numerals::localised; }
 
 template <class Number>
 bool readNumber(std::string_view text, Base base, Number& value, Numerals numerals) {

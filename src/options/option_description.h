@@ -103,6 +103,7 @@ private:
     template <class Operation>
     bool typedOperation(Operation& operation) const;
 
+    // The text holds no NUL, or is one: then it is no number, as "" is none.
     bool convert(std::string_view text, tamsu2::variant_t& value, Numerals numerals) const;
 
     template <class Change>

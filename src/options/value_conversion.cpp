@@ -37,10 +37,7 @@ struct OperationFromString {
     bool execute(As<Number>) {
         return read<Number>(Base::decimal);
     }
-    bool execute(As<unsigned long long>) {
-        // Reading stops at a NUL by itself; finding out the base has to be told.
-        return read<unsigned long long>(baseOf(text.substr(0, text.find('\0'))));
-    }
+    bool execute(As<unsigned long long>) { return read<unsigned long long>(baseOf(text)); }
     bool execute(As<const char*>) {
         target = tamsu2::variant_t(std::string(text).c_str());
         return true;
@@ -131,7 +128,7 @@ std::string OptionDescription::getTypeName() const {
 
 tamsu2::variant_t OptionDescription::fromString(std::string_view text) const {
     tamsu2::variant_t value;
-    convert(text, value, currentNumerals());
+    convert(text.substr(0, text.find('\0')), value, currentNumerals());
     return value;
 }
 

@@ -25,7 +25,7 @@ struct RecogniserContext {
     EventHandler* owner;  // raises events at the host's handlers; null when nobody listens
     Garbage* garbage;     // keeps the texts that events hand out
     int flags;
-    Numerals numerals;  // as the parse began; a handler may set another locale
+    Numerals numerals;  // as the parse began; a handler may have set another locale since
 };
 
 class IArgumentParser {

@@ -353,9 +353,13 @@ TEST(AllocationFailure, isNotMistakenForABadNumberUnderAnotherLocale) {
     struct Grouping : std::numpunct<char> {
         std::string do_grouping() const override { return "\3"; }
     };
-    const std::locale before = std::locale::global({std::locale::classic(), new Grouping});
-    failEachAllocation([](Host host) { parseAll(host, {lines[0], lines[1]}); });
-    std::locale::global(before);
+    // The second one has names of several kinds, which take memory to be put together.
+    for (const std::locale& other : {std::locale(std::locale::classic(), new Grouping),
+                                     std::locale(std::locale::classic(), "C.utf8", std::locale::numeric)}) {
+        const std::locale before = std::locale::global(other);
+        failEachAllocation([](Host host) { parseAll(host, {lines[0], lines[1]}); });
+        std::locale::global(before);
+    }
 }
 
 }  // namespace vorn_3_1::public_tests

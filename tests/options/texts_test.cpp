@@ -37,6 +37,7 @@ TEST(TextTable, tellsTextsApartWhateverTheirHashes) {
             table.reserve(1);
             table.add({texts[i], hash});
         }
+        EXPECT_EQ(table.find("", 0), nullptr);
         for (const std::string& text : texts) {
             const TextEntry* entry = table.find(text, hashIn(text));
             ASSERT_TRUE(entry != nullptr && entry->text == text.data() && entry->key() == text) << text;
