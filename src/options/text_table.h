@@ -64,8 +64,8 @@ public:
     }
 
 private:
-    // A slot holds an entry's number in as many low bits as the number of slots has, which the entry's hash would
-    // need only to say that it belongs here; the other bits are the hash's and tell most strangers at once.
+    // The low bits of a slot, as many as it takes to number the slots, hold the number of an entry: those of its hash
+    // have only chosen the place. The bits above are the hash's, and tell nearly every other text at once.
     static constexpr std::uint32_t free = ~0u;  // no entry: there are always more slots than entries
 
     static std::size_t roomIn(std::size_t slotCount) { return slotCount / 4 * 3; }
