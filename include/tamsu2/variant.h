@@ -4,13 +4,12 @@
 
 #include "vorn/export.h"
 
+// Every file of every host reads this header, so it is made to cost next to nothing (scripts/compile-time):
+// - __SIZE_TYPE__, __INT32_TYPE__ and the like are the compiler's own names for std::size_t, std::int32_t. The
+//   standard's headers would cost more than the whole interface does.
+// - Members with a body are templates where they can be. A call deduces nothing and looks like any other; but a
+//   compiler only reads over a template's body until somebody calls it, and most files call none.
 namespace tamsu2 {
-
-// The types that the standard's headers call by these names in std. No header is included for them: the
-// standard's cost a host more compile time than the whole interface does.
-using size_t = decltype(sizeof(0));
-using int32_t = int;
-using uint32_t = unsigned int;
 
 /// What a variant_t holds, and what an option's values are. Every value from 0 to 17 may be cast to
 /// it; the unnamed ones belong to the suite's other libraries and carry no meaning here.
@@ -43,82 +42,90 @@ public:
     /// derived class adds no data. The slot order is contract.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-    class VORN_API allocator_t {
+    class allocator_t {
     public:
-        virtual void release(void* block);   ///< Gives a block back; never null.
-        virtual void* obtain(size_t bytes);  ///< A block of that size, or std::bad_alloc.
+        virtual void release(void* block);          ///< Gives a block back; never null.
+        virtual void* obtain(__SIZE_TYPE__ bytes);  ///< A block of that size, or std::bad_alloc.
     };
 #pragma GCC diagnostic pop
     static allocator_t m_mem;
 
     variant_t() noexcept = default;  ///< Empty: kind 17.
-    variant_t(bool value) noexcept;
-    variant_t(int value) noexcept;
-    variant_t(unsigned int value) noexcept;
-    variant_t(long value) noexcept;           ///< The signed kind of the same width.
-    variant_t(unsigned long value) noexcept;  ///< The unsigned kind of the same width.
-    variant_t(long long value) noexcept;
-    variant_t(unsigned long long value) noexcept;
-    variant_t(double value) noexcept;
-    variant_t(const char* text);                              ///< Copied; a null pointer stays null.
-    variant_t(const wchar_t* text);                           ///< Copied; a null pointer stays null.
-    variant_t(const void* bytes, uint32_t count);             ///< Copied; null bytes stay null.
-    static variant_t borrowed(const char* text) noexcept;     ///< Kind 14; the caller keeps the text.
-    static variant_t borrowed(const wchar_t* text) noexcept;  ///< Kind 15; the caller keeps the text.
+    template <class = void>
+    variant_t(bool value) : bits(value), tag(qel_bool) {}
+    template <class = void>
+    variant_t(int value) : bits(value), tag(qel_int) {}
+    template <class = void>
+    variant_t(unsigned int value) : bits(value), tag(qel_uint) {}
+    variant_t(long value);           ///< The signed kind of the same width.
+    variant_t(unsigned long value);  ///< The unsigned kind of the same width.
+    template <class = void>
+    variant_t(long long value) : bits(value), tag(qel_int64) {}
+    template <class = void>
+    variant_t(unsigned long long value) : bits(static_cast<long long>(value)), tag(qel_uint64) {}
+    template <class = void>
+    variant_t(double value) : tag(qel_double) {
+        __builtin_memcpy(&bits, &value, sizeof bits);
+    }
+    variant_t(const char* text);                          ///< Copied; a null pointer stays null.
+    variant_t(const wchar_t* text);                       ///< Copied; a null pointer stays null.
+    variant_t(const void* bytes, __UINT32_TYPE__ count);  ///< Copied; null bytes stay null.
+    static variant_t borrowed(const char* text);          ///< Kind 14; the caller keeps the text.
+    static variant_t borrowed(const wchar_t* text);       ///< Kind 15; the caller keeps the text.
+
+    variant_t(const variant_t& other);
+    variant_t& operator=(const variant_t& other);
 
     // A moved variant is left empty.
-    variant_t(const variant_t& other);
-    variant_t(variant_t&& other) noexcept;
-    variant_t& operator=(const variant_t& other);
-    variant_t& operator=(variant_t&& other) noexcept;
-    ~variant_t() {
-        switch (tag) {
-            case qel_string:
-            case qel_wstring:
-            case qel_block:
-                release();
-                break;
-            default:
-                break;
+    template <class = void>
+    variant_t(variant_t&& other) noexcept : bits(other.bits), tag(other.tag) {
+        other.tag = qel_empty;
+    }
+    template <class = void>
+    variant_t& operator=(variant_t&& other) noexcept {
+        if (this != &other) {
+            release();
+            bits = other.bits;
+            tag = other.tag;
+            other.tag = qel_empty;
         }
+        return *this;
+    }
+
+    ~variant_t() {
+        if ((0x13000 >> tag & 1) != 0) release();  // kinds 12, 13 and 16: a call less for all others
     }
 
     qel_variant_type_t kind() const noexcept { return static_cast<qel_variant_type_t>(tag); }
 
     // Numbers convert by value between the numeric kinds: fractions are dropped, what is out of range
     // saturates, not-a-number is 0. Kinds that hold no number read as 0 or false.
-    bool asBool() const noexcept;
-    int asInt() const noexcept;
-    unsigned int asUInt() const noexcept;
-    long long asInt64() const noexcept;
-    unsigned long long asUInt64() const noexcept;
-    double asDouble() const noexcept;
+    bool asBool() const;
+    int asInt() const;
+    unsigned int asUInt() const;
+    long long asInt64() const;
+    unsigned long long asUInt64() const;
+    double asDouble() const;
 
     // Null on every kind that holds no such thing. Valid until the variant changes or is destroyed;
     // a borrowed text as long as its owner keeps it.
-    const char* asString() const noexcept;
-    const wchar_t* asWString() const noexcept;
-    const void* asBlock() const noexcept;
-    uint32_t blockSize() const noexcept;  ///< In bytes; 0 when there is no block.
+    const char* asString() const;
+    const wchar_t* asWString() const;
+    const void* asBlock() const;
+    __UINT32_TYPE__ blockSize() const;  ///< In bytes; 0 when there is no block.
 
     /// Equality by kinds. Integers compare by their 8 bytes whatever their kinds, so an `int` -1
     /// equals the largest unsigned 64-bit value. An integer meets a double as an unsigned 64-bit
     /// number, so a negative integer equals no double. Texts compare by content, owned or borrowed
     /// alike, but never narrow with wide. Two null texts are equal, and so are two empty variants.
-    friend VORN_API bool operator==(const variant_t& left, const variant_t& right) noexcept;
-    friend VORN_API bool operator!=(const variant_t& left, const variant_t& right) noexcept;
+    friend bool operator==(const variant_t& left, const variant_t& right);
+    friend bool operator!=(const variant_t& left, const variant_t& right);
 
 private:
-    union storage_t {
-        long long bits;
-        double number;
-        void* pointer;
-    };
+    void release() noexcept;  // gives back what the value owns, if anything
 
-    void release() noexcept;
-
-    storage_t payload = {0};
-    int32_t tag = qel_empty;
+    long long bits = 0;  // an integer, or the representation of a double or of a pointer
+    __INT32_TYPE__ tag = qel_empty;
 };
 
 }  // namespace tamsu2

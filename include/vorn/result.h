@@ -7,9 +7,6 @@
 
 namespace vorn_3_1 {
 
-/// INT_MAX, which the header climits would bring: behind every position number, and the sign of none.
-constexpr int maxPosition = 2147483647;
-
 /// The outcome of one or more parses; a second parse into the same result appends. Slot order is
 /// contract.
 ///
@@ -30,13 +27,13 @@ public:
 
     /// Whether the option occurred at a position in [low, high), or has a default and did not occur
     /// at all. The following next answers with the first value, the default included.
-    virtual bool present(const char* name, int low = 0, int high = maxPosition) = 0;
+    virtual bool present(const char* name, int low = 0, int high = __INT_MAX__) = 0;
 
     /// The first value, if the option occurred at a position in [low, high); values start at position
     /// `low`, and one at exactly `high` is still delivered. For an option given without values: the
     /// position of the occurrence, with a null text. For an option that did not occur: its default,
     /// whatever the range. Status 1 is a miss, 3 a std::exception.
-    virtual Value get(const char* name, int low = 0, int high = maxPosition) = 0;
+    virtual Value get(const char* name, int low = 0, int high = __INT_MAX__) = 0;
 
     /// The next value of the iteration that the last get or present began, whatever the name.
     virtual Value next(const char* name) = 0;
@@ -58,7 +55,7 @@ public:
 /// The last value of the option in the range of positions: get and next until a miss. For an option
 /// given without values: its last occurrence. A null result or name, and any failure of the first
 /// get, answer as not found: status 1.
-VORN_API Value getLastValue(IParseResult* result, const char* name, int low = 0, int high = maxPosition);
+VORN_API Value getLastValue(IParseResult* result, const char* name, int low = 0, int high = __INT_MAX__);
 
 }  // namespace vorn_3_1
 

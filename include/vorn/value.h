@@ -13,15 +13,14 @@ namespace vorn_3_1 {
 /// and an empty `value`.
 struct Value {
     const char* text;  ///< The value's text, or null. Kept by the parser (events) or the result (queries).
-    tamsu2::int32_t status;    ///< 0 when the record holds a value; 1 for a miss; 3 after a std::exception.
-    tamsu2::int32_t position;  ///< Position number; INT_MAX when nothing was found.
-    tamsu2::variant_t value;   ///< The typed value; empty for an option without values.
+    __INT32_TYPE__ status;    ///< 0 when the record holds a value; 1 for a miss; 3 after a std::exception.
+    __INT32_TYPE__ position;  ///< Position number; INT_MAX when nothing was found.
+    tamsu2::variant_t value;  ///< The typed value; empty for an option without values.
 
     /// The text, or null when the status is not 0. as<const char*>() is the one form there is.
     template <class T>
     T as() const {
-        const T* only = &text;  // compiles for no other type, be it one that a pointer would convert to
-        return status == 0 ? *only : nullptr;
+        return status == 0 ? *static_cast<const T*>(&text) : nullptr;
     }
 };
 

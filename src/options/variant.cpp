@@ -11,8 +11,13 @@
 
 namespace tamsu2 {
 
-static_assert(std::is_same_v<size_t, std::size_t> && std::is_same_v<int32_t, std::int32_t> &&
-              std::is_same_v<uint32_t, std::uint32_t> && sizeof(long long) == 8);
+static_assert(std::is_same_v<__SIZE_TYPE__, std::size_t> && std::is_same_v<__INT32_TYPE__, std::int32_t> &&
+              std::is_same_v<__UINT32_TYPE__, std::uint32_t> && sizeof(long long) == sizeof(double) &&
+              sizeof(long long) >= sizeof(void*));
+
+// The standard does not call a template a move constructor; what counts is that it moves.
+static_assert(std::is_nothrow_move_constructible_v<variant_t> &&
+              std::is_nothrow_move_assignable_v<variant_t>);
 
 namespace {
 
@@ -27,6 +32,19 @@ variant_t::allocator_t& memory() {
 double roundedToDouble(double number) {
     volatile double rounded = number;
     return rounded;
+}
+
+// What the 8 value bytes hold besides an integer. A pointer fills the first of them.
+double numberIn(std::int64_t bits) { return std::bit_cast<double>(bits); }
+void* pointerIn(std::int64_t bits) {
+    void* pointer = nullptr;
+    std::memcpy(&pointer, &bits, sizeof pointer);
+    return pointer;
+}
+long long bitsOf(const void* pointer) {
+    long long bits = 0;
+    std::memcpy(&bits, &pointer, sizeof pointer);
+    return bits;
 }
 
 bool ownsMemory(std::int32_t kind) { return kind == qel_string || kind == qel_wstring || kind == qel_block; }
@@ -103,7 +121,7 @@ template <class Target>
 Target integerFrom(std::int32_t kind, std::int64_t bits) {
     if (kind == qel_uint64) return saturated<Target>(static_cast<std::uint64_t>(bits));
     if (isIntegerLike(kind)) return saturated<Target>(bits);
-    return kind == qel_double ? saturated<Target>(std::bit_cast<double>(bits)) : Target{0};
+    return kind == qel_double ? saturated<Target>(numberIn(bits)) : Target{0};
 }
 
 }  // namespace
@@ -114,57 +132,45 @@ void* variant_t::allocator_t::obtain(std::size_t bytes) { return ::operator new(
 // Set up at link time, so that hosts may build variants in their own static constructors.
 constinit variant_t::allocator_t variant_t::m_mem;
 
-variant_t::variant_t(bool value) noexcept : payload{value ? 1 : 0}, tag(qel_bool) {}
-variant_t::variant_t(int value) noexcept : payload{value}, tag(qel_int) {}
-variant_t::variant_t(unsigned int value) noexcept : payload{value}, tag(qel_uint) {}
-variant_t::variant_t(long value) noexcept
-    : payload{value}, tag(sizeof(long) == sizeof(int) ? qel_int : qel_int64) {}
-variant_t::variant_t(unsigned long value) noexcept
-    : payload{static_cast<long long>(value)}, tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {}
-variant_t::variant_t(long long value) noexcept : payload{value}, tag(qel_int64) {}
-variant_t::variant_t(unsigned long long value) noexcept
-    : payload{static_cast<long long>(value)}, tag(qel_uint64) {}
-variant_t::variant_t(double value) noexcept : payload{std::bit_cast<long long>(value)}, tag(qel_double) {}
+variant_t::variant_t(long value) : bits(value), tag(sizeof(long) == sizeof(int) ? qel_int : qel_int64) {}
+variant_t::variant_t(unsigned long value)
+    : bits(static_cast<long long>(value)), tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {}
 
-variant_t::variant_t(const char* text) : tag(qel_string) { payload.pointer = copyOfText(text); }
-variant_t::variant_t(const wchar_t* text) : tag(qel_wstring) { payload.pointer = copyOfText(text); }
+variant_t::variant_t(const char* text) : bits(bitsOf(copyOfText(text))), tag(qel_string) {}
+variant_t::variant_t(const wchar_t* text) : bits(bitsOf(copyOfText(text))), tag(qel_wstring) {}
 
 variant_t::variant_t(const void* bytes, std::uint32_t count) : tag(qel_block) {
     if (bytes == nullptr) return;
     char* block = static_cast<char*>(memory().obtain(countBytes + count));
     std::memcpy(block, &count, countBytes);
     std::memcpy(block + countBytes, bytes, count);
-    payload.pointer = block;
+    bits = bitsOf(block);
 }
 
-variant_t variant_t::borrowed(const char* text) noexcept {
+variant_t variant_t::borrowed(const char* text) {
     variant_t result;
-    result.payload.pointer = const_cast<char*>(text);
+    result.bits = bitsOf(text);
     result.tag = qel_string_ref;
     return result;
 }
 
-variant_t variant_t::borrowed(const wchar_t* text) noexcept {
+variant_t variant_t::borrowed(const wchar_t* text) {
     variant_t result;
-    result.payload.pointer = const_cast<wchar_t*>(text);
+    result.bits = bitsOf(text);
     result.tag = qel_wstring_ref;
     return result;
 }
 
-variant_t::variant_t(const variant_t& other) : payload(other.payload), tag(other.tag) {
-    if (!ownsMemory(tag) || payload.pointer == nullptr) return;
-    const void* source = other.payload.pointer;
+variant_t::variant_t(const variant_t& other) : bits(other.bits), tag(other.tag) {
+    if (!ownsMemory(tag) || bits == 0) return;
+    const void* source = pointerIn(other.bits);
     if (tag == qel_string) {
-        payload.pointer = copyOfText(static_cast<const char*>(source));
+        bits = bitsOf(copyOfText(static_cast<const char*>(source)));
     } else if (tag == qel_wstring) {
-        payload.pointer = copyOfText(static_cast<const wchar_t*>(source));
+        bits = bitsOf(copyOfText(static_cast<const wchar_t*>(source)));
     } else {
-        payload.pointer = obtainCopy(source, countBytes + countOf(source));
+        bits = bitsOf(obtainCopy(source, countBytes + countOf(source)));
     }
-}
-
-variant_t::variant_t(variant_t&& other) noexcept : payload(other.payload), tag(other.tag) {
-    other.tag = qel_empty;
 }
 
 variant_t& variant_t::operator=(const variant_t& other) {
@@ -173,69 +179,56 @@ variant_t& variant_t::operator=(const variant_t& other) {
     return *this;
 }
 
-variant_t& variant_t::operator=(variant_t&& other) noexcept {
-    if (this == &other) return *this;
-    if (ownsMemory(tag)) release();
-    payload = other.payload;
-    tag = other.tag;
-    other.tag = qel_empty;
-    return *this;
-}
-
 void variant_t::release() noexcept {
-    if (payload.pointer != nullptr) memory().release(payload.pointer);
+    if (ownsMemory(tag) && bits != 0) memory().release(pointerIn(bits));
 }
 
-bool variant_t::asBool() const noexcept {
-    if (tag == qel_double) return payload.number < 0.0 || payload.number > 0.0;
-    return isIntegerLike(tag) && payload.bits != 0;
+bool variant_t::asBool() const {
+    if (tag == qel_double) return numberIn(bits) < 0.0 || numberIn(bits) > 0.0;
+    return isIntegerLike(tag) && bits != 0;
 }
 
-int variant_t::asInt() const noexcept { return integerFrom<int>(tag, payload.bits); }
-unsigned int variant_t::asUInt() const noexcept { return integerFrom<unsigned int>(tag, payload.bits); }
-long long variant_t::asInt64() const noexcept { return integerFrom<long long>(tag, payload.bits); }
-unsigned long long variant_t::asUInt64() const noexcept {
-    return integerFrom<unsigned long long>(tag, payload.bits);
-}
+int variant_t::asInt() const { return integerFrom<int>(tag, bits); }
+unsigned int variant_t::asUInt() const { return integerFrom<unsigned int>(tag, bits); }
+long long variant_t::asInt64() const { return integerFrom<long long>(tag, bits); }
+unsigned long long variant_t::asUInt64() const { return integerFrom<unsigned long long>(tag, bits); }
 
-double variant_t::asDouble() const noexcept {
-    if (tag == qel_double) return payload.number;
+double variant_t::asDouble() const {
+    if (tag == qel_double) return numberIn(bits);
     if (!isIntegerLike(tag)) return 0.0;
-    return roundedToDouble(tag == qel_uint64 ? static_cast<double>(static_cast<std::uint64_t>(payload.bits))
-                                             : static_cast<double>(payload.bits));
+    return roundedToDouble(tag == qel_uint64 ? static_cast<double>(static_cast<std::uint64_t>(bits))
+                                             : static_cast<double>(bits));
 }
 
-const char* variant_t::asString() const noexcept {
-    return isNarrowText(tag) ? static_cast<const char*>(payload.pointer) : nullptr;
+const char* variant_t::asString() const {
+    return isNarrowText(tag) ? static_cast<const char*>(pointerIn(bits)) : nullptr;
 }
 
-const wchar_t* variant_t::asWString() const noexcept {
-    return isWideText(tag) ? static_cast<const wchar_t*>(payload.pointer) : nullptr;
+const wchar_t* variant_t::asWString() const {
+    return isWideText(tag) ? static_cast<const wchar_t*>(pointerIn(bits)) : nullptr;
 }
 
-const void* variant_t::asBlock() const noexcept {
-    return tag == qel_block && payload.pointer != nullptr ? bytesOf(payload.pointer) : nullptr;
+const void* variant_t::asBlock() const {
+    return tag == qel_block && bits != 0 ? bytesOf(pointerIn(bits)) : nullptr;
 }
 
-std::uint32_t variant_t::blockSize() const noexcept {
-    return tag == qel_block ? countOf(payload.pointer) : 0;
-}
+std::uint32_t variant_t::blockSize() const { return tag == qel_block ? countOf(pointerIn(bits)) : 0; }
 
-bool operator==(const variant_t& left, const variant_t& right) noexcept {
+VORN_API bool operator==(const variant_t& left, const variant_t& right) {
     if (isIntegerLike(left.tag)) {
-        if (isIntegerLike(right.tag)) return left.payload.bits == right.payload.bits;
-        return right.tag == qel_double && sameNumber(left.payload.bits, right.payload.number);
+        if (isIntegerLike(right.tag)) return left.bits == right.bits;
+        return right.tag == qel_double && sameNumber(left.bits, numberIn(right.bits));
     }
     if (left.tag == qel_double) {
-        if (right.tag == qel_double) return left.payload.number == right.payload.number;
-        return isIntegerLike(right.tag) && sameNumber(right.payload.bits, left.payload.number);
+        if (right.tag == qel_double) return numberIn(left.bits) == numberIn(right.bits);
+        return isIntegerLike(right.tag) && sameNumber(right.bits, numberIn(left.bits));
     }
     if (isNarrowText(left.tag)) return isNarrowText(right.tag) && sameText(left.asString(), right.asString());
     if (isWideText(left.tag)) return isWideText(right.tag) && sameText(left.asWString(), right.asWString());
     if (left.tag != right.tag) return false;
-    return left.tag != qel_block || sameBlock(left.payload.pointer, right.payload.pointer);
+    return left.tag != qel_block || sameBlock(pointerIn(left.bits), pointerIn(right.bits));
 }
 
-bool operator!=(const variant_t& left, const variant_t& right) noexcept { return !(left == right); }
+VORN_API bool operator!=(const variant_t& left, const variant_t& right) { return !(left == right); }
 
 }  // namespace tamsu2

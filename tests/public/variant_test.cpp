@@ -29,6 +29,9 @@ TEST(Variant, layoutIsEightValueBytesThenTheKind) {
     for (const auto& [value, words] : cases)
         EXPECT_EQ(std::memcmp(&value, words, 12), 0) << words[2];
     EXPECT_EQ(variant_t(1L).kind(), sizeof(long) == 4 ? qel_int : qel_int64);
+    for (const variant_t& promoted : {variant_t('c'), variant_t(short{1}), variant_t(qel_string)})
+        EXPECT_EQ(promoted.kind(), qel_int);
+    EXPECT_EQ(variant_t(1.0F).kind(), qel_double);
 }
 
 TEST(Variant, equalityGoesByTheTwoKinds) {
@@ -133,6 +136,8 @@ TEST(Variant, ownedMemoryGoesThroughTheSharedAllocator) {
         variant_t copy(text);
         copy = block;
         copy = wide;
+        variant_t moved(std::move(copy));  // takes the memory over
+        copy = std::move(moved);
         copy = 1;
     }
     new (static_cast<void*>(&variant_t::m_mem)) variant_t::allocator_t;
