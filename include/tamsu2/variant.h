@@ -7,8 +7,9 @@
 // Every file of every host reads this header, so it is made to cost next to nothing (scripts/compile-time):
 // - __SIZE_TYPE__, __INT32_TYPE__ and the like are the compiler's own names for std::size_t, std::int32_t. The
 //   standard's headers would cost more than the whole interface does.
-// - Members with a body are templates where they can be. A call deduces nothing and looks like any other; but a
-//   compiler only reads over a template's body until somebody calls it, and most files call none.
+// - Constructors and assignments with a body are templates. A call deduces nothing and finds them as it would
+//   find any other, but a compiler only reads over a template's body until somebody calls it, and most files
+//   call none. (The price: before C++17 a returned variant is moved, where a true move constructor is left out.)
 namespace tamsu2 {
 
 /// What a variant_t holds, and what an option's values are. Every value from 0 to 17 may be cast to
@@ -42,7 +43,7 @@ public:
     /// derived class adds no data. The slot order is contract.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-    class allocator_t {
+    class VORN_API allocator_t {
     public:
         virtual void release(void* block);          ///< Gives a block back; never null.
         virtual void* obtain(__SIZE_TYPE__ bytes);  ///< A block of that size, or std::bad_alloc.
@@ -118,8 +119,8 @@ public:
     /// equals the largest unsigned 64-bit value. An integer meets a double as an unsigned 64-bit
     /// number, so a negative integer equals no double. Texts compare by content, owned or borrowed
     /// alike, but never narrow with wide. Two null texts are equal, and so are two empty variants.
-    friend bool operator==(const variant_t& left, const variant_t& right);
-    friend bool operator!=(const variant_t& left, const variant_t& right);
+    friend VORN_API bool operator==(const variant_t& left, const variant_t& right);
+    friend VORN_API bool operator!=(const variant_t& left, const variant_t& right);
 
 private:
     void release() noexcept;  // gives back what the value owns, if anything

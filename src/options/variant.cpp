@@ -214,7 +214,7 @@ const void* variant_t::asBlock() const {
 
 std::uint32_t variant_t::blockSize() const { return tag == qel_block ? countOf(pointerIn(bits)) : 0; }
 
-VORN_API bool operator==(const variant_t& left, const variant_t& right) {
+bool operator==(const variant_t& left, const variant_t& right) {
     if (isIntegerLike(left.tag)) {
         if (isIntegerLike(right.tag)) return left.bits == right.bits;
         return right.tag == qel_double && sameNumber(left.bits, numberIn(right.bits));
@@ -229,6 +229,6 @@ VORN_API bool operator==(const variant_t& left, const variant_t& right) {
     return left.tag != qel_block || sameBlock(pointerIn(left.bits), pointerIn(right.bits));
 }
 
-VORN_API bool operator!=(const variant_t& left, const variant_t& right) { return !(left == right); }
+bool operator!=(const variant_t& left, const variant_t& right) { return !(left == right); }
 
 }  // namespace tamsu2
