@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "options/garbage.h"
-#include "options/number_text.h"
 #include "options/option_index.h"
 #include "tamsu2/variant.h"
+#include "text/garbage.h"
+#include "text/number_text.h"
 #include "vorn/option.h"
 
 namespace vorn_3_1::internal {

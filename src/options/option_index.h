@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "options/text_table.h"
+#include "text/text_table.h"
 
 namespace vorn_3_1::internal {
 

@@ -5,9 +5,9 @@
 #include <ostream>
 #include <utility>
 
-#include "core/diagnostic_log.h"
-#include "options/separated_text.h"
-#include "platform/strings.h"
+#include "base/diagnostic_log.h"
+#include "base/strings.h"
+#include "text/separated_text.h"
 
 namespace vorn_3_1::internal {
 

@@ -5,12 +5,12 @@
 #include <string_view>
 #include <vector>
 
-#include "options/garbage.h"
 #include "options/option_description.h"
 #include "options/option_index.h"
-#include "options/pool.h"
-#include "options/text_arena.h"
-#include "options/text_table.h"
+#include "text/garbage.h"
+#include "text/pool.h"
+#include "text/text_arena.h"
+#include "text/text_table.h"
 
 namespace vorn_3_1::internal {
 

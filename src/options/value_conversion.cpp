@@ -3,8 +3,8 @@
 #include <string_view>
 #include <type_traits>
 
-#include "options/number_text.h"
 #include "options/option_description.h"
+#include "text/number_text.h"
 
 namespace vorn_3_1::internal {
 

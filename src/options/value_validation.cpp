@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "options/joined_text.h"
 #include "options/option_description.h"
+#include "text/joined_text.h"
 
 namespace vorn_3_1::internal {
 

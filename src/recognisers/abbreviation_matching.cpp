@@ -6,10 +6,10 @@
 #include <tuple>
 #include <vector>
 
-#include "core/diagnostic_log.h"
-#include "options/joined_text.h"
+#include "base/diagnostic_log.h"
 #include "options/registered_option_storage.h"
 #include "recognisers/abbreviation_parser.h"
+#include "text/joined_text.h"
 
 namespace vorn_3_1::internal {
 

@@ -3,9 +3,9 @@
 
 #include <utility>
 
-#include "core/diagnostic_log.h"
-#include "options/joined_text.h"
+#include "base/diagnostic_log.h"
 #include "options/registered_option_storage.h"
+#include "text/joined_text.h"
 
 namespace vorn_3_1::internal {
 

@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "core/diagnostic_log.h"
-#include "options/garbage.h"
-#include "options/joined_text.h"
-#include "options/separated_text.h"
+#include "base/diagnostic_log.h"
 #include "result/result_collector.h"
+#include "text/garbage.h"
+#include "text/joined_text.h"
+#include "text/separated_text.h"
 
 namespace vorn_3_1::internal {
 

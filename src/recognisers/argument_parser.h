@@ -6,12 +6,12 @@
 #include <string>
 #include <string_view>
 
-#include "options/number_text.h"
+#include "base/position_counter.h"
+#include "base/result_codes.h"
 #include "options/option_description.h"
-#include "options/position_counter.h"
-#include "options/result_codes.h"
 #include "recognisers/argument_list.h"
 #include "result/option_data.h"
+#include "text/number_text.h"
 #include "vorn/parser.h"
 
 namespace vorn_3_1::internal {

@@ -1,6 +1,6 @@
 #include "recognisers/positional_options_parser.h"
 
-#include "core/diagnostic_log.h"
+#include "base/diagnostic_log.h"
 #include "options/registered_option_storage.h"
 
 namespace vorn_3_1::internal {

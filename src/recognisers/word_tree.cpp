@@ -4,7 +4,7 @@
 #include <functional>
 #include <utility>
 
-#include "options/joined_text.h"
+#include "text/joined_text.h"
 
 namespace vorn_3_1::internal {
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "options/option_index.h"
-#include "options/pool.h"
 #include "recognisers/decomposed_name.h"
+#include "text/pool.h"
 
 namespace vorn_3_1::internal {
 

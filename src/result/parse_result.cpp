@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/position_counter.h"
 #include "options/option_description.h"
-#include "options/position_counter.h"
 #include "options/registered_option_storage.h"
 
 namespace vorn_3_1::internal {

@@ -8,11 +8,11 @@
 #include <string_view>
 #include <vector>
 
-#include "options/garbage.h"
-#include "options/pool.h"
-#include "options/text_table.h"
 #include "result/chain.h"
 #include "result/result_collector.h"
+#include "text/garbage.h"
+#include "text/pool.h"
+#include "text/text_table.h"
 #include "vorn/result.h"
 
 namespace vorn_3_1::internal {

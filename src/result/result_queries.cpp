@@ -4,7 +4,7 @@
 #include <exception>
 #include <utility>
 
-#include "options/result_codes.h"
+#include "base/result_codes.h"
 #include "result/parse_result.h"
 
 namespace vorn_3_1 {

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "fuzz/plain_rules.h"
-#include "options/number_text.h"
 #include "options/option_description.h"
+#include "text/number_text.h"
 
 using namespace vorn_3_1::internal;
 using tamsu2::variant_t;

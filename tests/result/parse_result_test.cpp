@@ -9,7 +9,7 @@
 #include <random>
 #include <tuple>
 
-#include "options/position_counter.h"
+#include "base/position_counter.h"
 #include "options/registered_option_storage.h"
 
 namespace vorn_3_1::internal {

@@ -1,7 +1,0 @@
-#include "options/position_counter.h"
-
-namespace vorn_3_1::internal {
-
-unsigned positionCounter = 1;
-
-}  // namespace vorn_3_1::internal

@@ -1,0 +1,51 @@
+// Arguments from a text: one per line, no quoting.
+#include <algorithm>
+#include <exception>
+#include <locale>
+#include <string>
+#include <string_view>
+
+#include "base/strings.h"
+#include "parser/basic_parser.h"
+
+namespace vorn_3_1 {
+
+namespace {
+
+// The argument on a line: from the first character that is no white space to the end, less carriage returns
+// there. Empty for a blank line and for a comment.
+std::string_view argumentOn(std::string_view line, const std::ctype<char>& characters) {
+    const char* end = line.data() + line.size();
+    line.remove_prefix(static_cast<std::size_t>(
+        characters.scan_not(std::ctype_base::space, line.data(), end) - line.data()));
+    if (line.starts_with(';') || line.starts_with('#')) return {};
+    while (line.ends_with('\r') || line.ends_with('\n'))
+        line.remove_suffix(1);
+    return line;
+}
+
+void appendLines(internal::ArgumentList& args, std::string_view text) {
+    const std::locale locale;  // the host's choice decides what is white space
+    const auto& characters = std::use_facet<std::ctype<char>>(locale);
+    while (!text.empty()) {
+        const std::string_view line = text.substr(0, text.find('\n'));
+        const std::string_view argument = argumentOn(line, characters);
+        if (!argument.empty()) args.append(argument);
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+    }
+}
+
+}  // namespace
+
+// Records no defaults, unlike parseArgsVector: hosts parse several texts into one result.
+int BasicParser::parseStream(const char* text, IParseResult* result) {
+    try {
+        internal::ArgumentList args;
+        appendLines(args, MORA_2_10::strings::tm2::to_ustring(text == nullptr ? "" : text));
+        return parseVector(args, result);
+    } catch (const std::exception&) {
+        return internal::exceptionCaught;
+    }
+}
+
+}  // namespace vorn_3_1

@@ -1,0 +1,110 @@
+// The help text: per group a heading and a title, then every option's names and value syntax beside its
+// description.
+#include <exception>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "parser/basic_parser.h"
+#include "text/joined_text.h"
+
+namespace vorn_3_1 {
+
+using namespace internal;
+
+namespace {
+
+constexpr std::string_view hiddenGroup = "vorn_hidden";
+
+constexpr std::size_t longestSharedHeading = 29;
+constexpr unsigned descriptionIndent = 30;
+constexpr unsigned descriptionWidth = 50;
+constexpr unsigned titleIndent = 1;
+constexpr unsigned titleWidth = 80;
+
+// Further names come before the first one, the last of them first: "-third, -second, -first".
+void writeNames(std::string& out, const OptionDescription& option) {
+    const std::string_view firstName = option.firstName();
+    for (std::size_t i = option.names().size() - 1; i > 0; --i)
+        append(out, {"-", option.names()[i].key(), ", "});
+    append(out, {"-", firstName});
+}
+
+// Both forms, the default one marked.
+void writeSwitchSyntax(std::string& out, const OptionDescription& option) {
+    constexpr std::string_view mark = " (default)";
+    const bool isOn = option.defaultValue().asBool();
+    append(out, {option.hasDefault() && isOn ? mark : "", " | -no-", option.firstName(),
+                 option.hasDefault() && !isOn ? mark : ""});
+}
+
+void writeValueSyntax(std::string& out, const OptionDescription& option) {
+    if (option.allowedValues().empty()) append(out, {"=<", option.getTypeName(), ">"});
+    std::string_view before = "=";
+    for (const tamsu2::variant_t& allowed : option.allowedValues()) {
+        append(out, {before, option.toString(option.keeper(), allowed)});
+        before = " | ";
+    }
+    if (option.hasDefault())
+        append(out, {" (", option.toString(option.keeper(), option.defaultValue()), ")"});
+}
+
+std::string headingOf(const OptionDescription& option) {
+    std::string heading;
+    writeNames(heading, option);
+    if (option.isSwitch()) {
+        writeSwitchSyntax(heading, option);
+    } else if (option.type() != tamsu2::qel_empty) {
+        writeValueSyntax(heading, option);
+    }
+    return heading;
+}
+
+void writeOption(std::string& out, const OptionDescription& option) {
+    std::string heading = headingOf(option);
+    if (heading.size() > longestSharedHeading) {
+        append(out, {heading, "\n"});
+        heading.clear();
+    }
+    out += BasicParser::paragraphString(option.description(), std::move(heading), descriptionIndent,
+                                        descriptionWidth);
+}
+
+void writeGroupHead(std::string& out, const OptionGroup& group) {
+    if (!group.name.empty()) append(out, {group.name, "\n"});
+    if (group.title.empty()) return;
+    append(out, {BasicParser::paragraphString(group.title, "", titleIndent, titleWidth), "\n"});
+}
+
+}  // namespace
+
+const char* BasicParser::getDescription(bool hidden) {
+    try {
+        return garbage.init(helpText(hidden).c_str());
+    } catch (const std::exception&) {
+        setLastError("Unknown error handled.");
+        return getErrorDesc();
+    }
+}
+
+std::string BasicParser::helpText(bool hidden) {
+    // Options by group, so that many groups do not each walk all options.
+    std::vector<std::vector<const OptionDescription*>> members(storage.groups().size());
+    for (unsigned i = 0; i < storage.size(); ++i) {
+        const OptionDescription& option = storage.description(i);
+        if (!option.isPositional()) members[option.group()].push_back(&option);
+    }
+    std::string out;
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        const OptionGroup& group = storage.groups()[i];
+        if ((group.name == hiddenGroup) != hidden) continue;
+        writeGroupHead(out, group);
+        for (const OptionDescription* option : members[i])
+            writeOption(out, *option);
+        out += "\n";
+    }
+    return out;
+}
+
+}  // namespace vorn_3_1

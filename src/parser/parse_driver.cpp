@@ -1,0 +1,117 @@
+// From the host's arguments to the recognisers: ask who takes the front argument, choose, let it consume.
+#include <array>
+#include <exception>
+#include <string>
+#include <string_view>
+
+#include "base/diagnostic_log.h"
+#include "parser/basic_parser.h"
+#include "recognisers/abbreviation_parser.h"
+#include "recognisers/positional_options_parser.h"
+#include "result/parse_result.h"
+#include "text/joined_text.h"
+
+namespace vorn_3_1 {
+
+using namespace internal;
+
+namespace {
+
+constexpr std::string_view endOfOptions = "--";
+constexpr std::string_view logSwitch = "vornoption=vornlogenable=1";
+
+// Every result that a host has was made by createResult.
+ParseResult* implementationOf(IParseResult* result) { return static_cast<ParseResult*>(result); }
+
+// False when there is a null among the arguments.
+bool append(ArgumentList& args, int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        if (argv == nullptr || argv[i] == nullptr) return false;
+        args.append(argv[i]);
+    }
+    return true;
+}
+
+/// The recognisers of one parse.
+class Recognisers {
+public:
+    Recognisers(const RecogniserContext& context, WordTree& names)
+        : positional(context), abbreviation(context, names) {}
+
+    /// The one with the highest priority among those that take the front argument, or null.
+    IArgumentParser* choose(const ArgumentList& args, const RegisteredOptionStorage& storage) {
+        IArgumentParser* chosen = nullptr;
+        for (IArgumentParser* recogniser : list) {
+            message.clear();
+            if (recogniser->recognize(args, storage, message) != 0) continue;
+            if (chosen == nullptr || recogniser->getPriority() > chosen->getPriority()) chosen = recogniser;
+        }
+        return chosen;
+    }
+
+private:
+    PositionalOptionsParser positional;
+    AbbreviationParser abbreviation;
+    std::array<IArgumentParser*, 2> list{&positional, &abbreviation};
+    std::string message;  // what a recogniser says of an argument while it is only asked; not used
+};
+
+}  // namespace
+
+// Defaults come first, and only here: parseStream records none.
+int BasicParser::parseArgsVector(int argc, char** argv, IParseResult* result) {
+    if (result != nullptr) implementationOf(result)->applyDefault(storage);
+    if (argc < 2) return 0;
+    try {
+        ArgumentList args;
+        if (!append(args, argc, argv)) return exceptionCaught;
+        return parseVector(args, result);
+    } catch (const std::exception&) {
+        return exceptionCaught;
+    }
+}
+
+int BasicParser::parseVector(ArgumentList& args, IParseResult* result) {
+    try {
+        std::string error;
+        int code = parse(endOfOptions, args, result, error);
+        if (code == 0) code = collectNonparsingArguments(endOfOptions, args, implementationOf(result), error);
+        if (code != 0) setLastError(error);
+        return code;
+    } catch (const std::exception&) {
+        setLastError("Unidentified problem detected.");
+        return exceptionInParse;
+    }
+}
+
+int BasicParser::parse(std::string_view terminator, ArgumentList& args, IParseResult* result,
+                       std::string& error) {
+    vornLogEnabled = !args.empty() && args.front() == logSwitch;
+    if (vornLogEnabled) args.removeFront();
+
+    Recognisers recognisers(recogniserContext(flags), names);
+    IResultCollector* collector = implementationOf(result);
+    while (!args.empty() && args.front() != terminator) {
+        if (IArgumentParser* recogniser = recognisers.choose(args, storage)) {
+            const int code = recogniser->parse(args, collector, storage, error);
+            if (code != 0) return code;
+        } else if (isUnknown(args.front(), error)) {
+            return invalidArgument;
+        } else {
+            logLine("ignoring ", args.front());
+            args.removeFront();
+        }
+    }
+    return 0;
+}
+
+// Whether the argument that nobody takes is an error. Handlers are asked in any case; one that has dealt with
+// the argument makes it none.
+bool BasicParser::isUnknown(std::string_view argument, std::string& error) {
+    const bool unhandled = handlers.empty() || handlers.onUknownArgument(argument.data());
+    if ((flags & unknownIsError) == 0 || !unhandled) return false;
+    error = joined({"Unknown option: ", argument});
+    return true;
+}
+
+}  // namespace vorn_3_1

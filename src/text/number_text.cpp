@@ -1,0 +1,177 @@
+#include "text/number_text.h"
+
+#include <charconv>
+#include <cstddef>
+#include <limits>
+#include <locale>
+#include <sstream>
+#include <type_traits>
+
+// A stream costs hundreds of nanoseconds to make, a number a few to read. While the global locale is the
+// classic one, which is nearly always, the same characters are read here without a stream; under any other
+// locale, and in the one case that is left to it below, the stream itself decides.
+namespace vorn_3_1::internal {
+
+namespace {
+
+bool isBlank(char character) { return character == ' ' || (character >= '\t' && character <= '\r'); }
+
+std::string_view withoutLeadingBlanks(std::string_view text) {
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    return text;
+}
+
+/// A walk over characters that ends where they do.
+struct Scanner {
+    const char* cursor;
+    const char* end;
+
+    char next() const { return cursor == end ? '\0' : *cursor; }
+    bool skip(char character) {
+        if (next() != character) return false;
+        ++cursor;
+        return true;
+    }
+    // Returns how many there were.
+    std::ptrdiff_t skipDigits() {
+        const char* first = cursor;
+        while (next() >= '0' && next() <= '9')
+            ++cursor;
+        return cursor - first;
+    }
+};
+
+// The stream is made in one place for all types.
+bool readByStream(std::string_view text, Base base, bool (*extract)(std::istream&, void*), void* value) {
+    std::istringstream stream{std::string(text)};
+    stream.exceptions(std::ios::badbit);  // running out of memory is no bad number
+    if (base == Base::hexadecimal) stream >> std::hex;
+    return extract(stream, value);
+}
+
+std::string writeByStream(void (*insert)(std::ostream&, const void*), const void* value) {
+    std::ostringstream stream;
+    stream.exceptions(std::ios::badbit);
+    insert(stream, value);
+    return stream.str();
+}
+
+template <class Number>
+bool readByStream(std::string_view text, Base base, Number& value) {
+    const auto extract = [](std::istream& stream, void* target) {
+        return !(stream >> *static_cast<Number*>(target)).fail();
+    };
+    return readByStream(text, base, extract, &value);
+}
+
+template <class Number>
+std::string writeByStream(Number value) {
+    const auto insert = [](std::ostream& stream, const void* source) {
+        stream << *static_cast<const Number*>(source);
+    };
+    return writeByStream(insert, &value);
+}
+
+bool readMagnitude(std::string_view text, Base base, unsigned long long& magnitude) {
+    if (base == Base::hexadecimal && (text.starts_with("0x") || text.starts_with("0X")))
+        text.remove_prefix(2);
+    const int radix = base == Base::hexadecimal ? 16 : 10;
+    return std::from_chars(text.data(), text.data() + text.size(), magnitude, radix).ec == std::errc();
+}
+
+// Reads a number of the given range as 64 bits, negative ones in two's complement. An unsigned type takes the
+// magnitudes of its positive numbers and negates by wrapping around.
+bool readInteger(std::string_view text, Base base, bool isSigned, unsigned long long largest,
+                 unsigned long long& bits) {
+    text = withoutLeadingBlanks(text);
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
+    unsigned long long magnitude = 0;
+    if (!readMagnitude(text, base, magnitude)) return false;
+    if (magnitude > largest + (isSigned && negative ? 1 : 0)) return false;
+    bits = negative ? 0 - magnitude : magnitude;
+    return true;
+}
+
+bool readDouble(std::string_view text, double& value) {
+    const std::string_view number = withoutLeadingBlanks(text);
+    Scanner scanner{number.data(), number.data() + number.size()};
+    const char* start = number.data();
+    if (scanner.skip('+')) {
+        start = scanner.cursor;  // which from_chars would not take
+    } else {
+        scanner.skip('-');
+    }
+    std::ptrdiff_t digits = scanner.skipDigits();
+    if (scanner.skip('.')) digits += scanner.skipDigits();
+    // On i386 the standard library's from_chars multiplies by the power of ten in the x87's registers and so
+    // rounds twice; that is why the stream reads all numbers with an exponent.
+    if (digits > 0 && (scanner.next() == 'e' || scanner.next() == 'E')) {
+        return readByStream(text, Base::decimal, value);
+    }
+    // Ends at the cursor: from_chars would take more than a stream does, "nan" and "inf".
+    const auto read = std::from_chars(start, scanner.cursor, value);
+    // Too large and too small look alike here, but only the former fails.
+    if (read.ec == std::errc::result_out_of_range) return readByStream(text, Base::decimal, value);
+    return read.ec == std::errc();
+}
+
+template <class... Format>
+std::string charsOf(Format... format) {
+    char buffer[32];
+    return {buffer, std::to_chars(buffer, buffer + sizeof buffer, format...).ptr};
+}
+
+std::string charsOfDouble(double value) {
+    constexpr int streamPrecision = 6;
+    return charsOf(value, std::chars_format::general, streamPrecision);
+}
+
+}  // namespace
+
+// By name: comparing locales compares names as well, and ends the process when there is no memory for them.
+Numerals currentNumerals() { return std::locale().name() == "C" ? Numerals::classic : Numerals::localised; }
+
+template <class Number>
+bool readNumber(std::string_view text, Base base, Number& value, Numerals numerals) {
+    if (numerals != Numerals::classic) return readByStream(text, base, value);
+    if constexpr (std::is_same_v<Number, double>) {
+        return readDouble(text, value);
+    } else {
+        using Limits = std::numeric_limits<Number>;
+        // For bool, whose largest value is 1, only zero may have a minus.
+        unsigned long long bits = 0;
+        if (!readInteger(text, base, Limits::is_signed, Limits::max(), bits)) return false;
+        if (std::is_same_v<Number, bool> && bits > 1) return false;
+        value = static_cast<Number>(bits);
+        return true;
+    }
+}
+
+template <class Number>
+std::string writeNumber(Number value) {
+    if (currentNumerals() != Numerals::classic) return writeByStream(value);
+    if constexpr (std::is_same_v<Number, double>) {
+        return charsOfDouble(value);
+    } else {
+        using Widest = std::conditional_t<std::is_signed_v<Number>, long long, unsigned long long>;
+        return charsOf(static_cast<Widest>(value));
+    }
+}
+
+template bool readNumber(std::string_view, Base, bool&, Numerals);
+template bool readNumber(std::string_view, Base, int&, Numerals);
+template bool readNumber(std::string_view, Base, unsigned int&, Numerals);
+template bool readNumber(std::string_view, Base, long long&, Numerals);
+template bool readNumber(std::string_view, Base, unsigned long long&, Numerals);
+template bool readNumber(std::string_view, Base, double&, Numerals);
+
+template std::string writeNumber(bool);
+template std::string writeNumber(int);
+template std::string writeNumber(unsigned int);
+template std::string writeNumber(long long);
+template std::string writeNumber(unsigned long long);
+template std::string writeNumber(double);
+
+}  // namespace vorn_3_1::internal

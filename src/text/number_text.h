@@ -1,0 +1,32 @@
+// Numbers from texts and texts from numbers, by the rules of string streams.
+#ifndef VORN_TEXT_NUMBER_TEXT_H
+#define VORN_TEXT_NUMBER_TEXT_H
+
+#include <string>
+#include <string_view>
+
+namespace vorn_3_1::internal {
+
+enum class Base { decimal, hexadecimal };
+
+/// Whose grouping and decimal point numbers have: the classic locale's, for which no stream is needed, or
+/// another one's.
+enum class Numerals { classic, localised };
+
+/// Those of the global locale of the moment.
+Numerals currentNumerals();
+
+/// Reads a number as `std::istringstream(text) >> value` does: leading blanks and a sign are taken, what
+/// follows the number is ignored, unsigned types wrap negative numbers, and what is out of range fails.
+/// `numerals` are the current ones. False leaves `value` unspecified. For bool, int, unsigned int, both 64-bit
+/// integers and double.
+template <class Number>
+bool readNumber(std::string_view text, Base base, Number& value, Numerals numerals = currentNumerals());
+
+/// The text that `std::ostringstream() << value` gives. For the same types.
+template <class Number>
+std::string writeNumber(Number value);
+
+}  // namespace vorn_3_1::internal
+
+#endif

@@ -1,0 +1,60 @@
+// Objects that stay where they are until all of them go.
+#ifndef VORN_TEXT_POOL_H
+#define VORN_TEXT_POOL_H
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <utility>
+
+namespace vorn_3_1::internal {
+
+/// Gives its objects stable addresses, in blocks that grow with their number up to a limit: few
+/// allocations for many objects, and little room lost by few.
+template <class Object>
+class Pool {
+public:
+    Pool() = default;
+    Pool(const Pool&) = delete;
+    Pool& operator=(const Pool&) = delete;
+    ~Pool() {
+        for (Block* block = newest; block != nullptr;) {
+            std::destroy_n(block->objects(), block->used);
+            ::operator delete(std::exchange(block, block->older));
+        }
+    }
+
+    template <class... Arguments>
+    Object& add(Arguments&&... arguments) {
+        if (newest == nullptr || newest->used == newest->size) addBlock();
+        Object* place = newest->objects() + newest->used;
+        auto* object = ::new (static_cast<void*>(place)) Object{std::forward<Arguments>(arguments)...};
+        ++newest->used;
+        return *object;
+    }
+
+private:
+    // The objects follow their block's head.
+    struct alignas(Object) alignas(void*) Block {
+        Block* older;
+        std::size_t size;
+        std::size_t used;
+
+        Object* objects() { return reinterpret_cast<Object*>(this + 1); }
+    };
+
+    void addBlock() {
+        const std::size_t size = newest == nullptr ? smallest : std::min(newest->size * 2, largest);
+        newest = ::new (::operator new(sizeof(Block) + size * sizeof(Object))) Block{newest, size, 0};
+    }
+
+    static constexpr std::size_t smallest = 8;
+    static constexpr std::size_t largest = 128;
+
+    Block* newest = nullptr;
+};
+
+}  // namespace vorn_3_1::internal
+
+#endif

@@ -1,0 +1,48 @@
+// What keeps and finds texts.
+#include <gtest/gtest.h>
+
+#include "fuzz/plain_rules.h"
+#include "text/garbage.h"
+#include "text/text_table.h"
+
+namespace vorn_3_1::internal {
+
+TEST(Garbage, keepsEqualTextsAsOnePointerForGood) {
+    Garbage garbage;
+    std::vector<std::string> texts;
+    std::vector<const char*> kept;
+    for (unsigned i = 0; i < 5000; ++i) {
+        texts.push_back(std::to_string(i) + std::string(i % 7 == 0 ? i : 0, 'x'));  // small and large
+        kept.push_back(garbage.init(texts.back().c_str()));
+    }
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        ASSERT_EQ(kept[i], texts[i]);
+        ASSERT_EQ(kept[i], garbage.init(texts[i].c_str()));
+    }
+    EXPECT_EQ(garbage.init(nullptr), Garbage().init(""));  // kept by nobody
+    const std::string text("0\0b", 3);
+    EXPECT_EQ(garbage.keep(text), text);
+    EXPECT_EQ(garbage.keep(text).data(), garbage.keep(text).data());
+    EXPECT_NE(garbage.keep(text).data(), garbage.init("0"));
+}
+
+TEST(TextTable, tellsTextsApartWhateverTheirHashes) {
+    const std::vector<std::string> texts = vorn_tests::allTexts("abc", 7);
+    for (const std::uint32_t hashes : {16u, 5000u, ~0u}) {
+        const auto hashIn = [hashes](const std::string& text) { return ~(hashOf(text) % hashes); };
+        TextTable<TextEntry> table;
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            const std::uint32_t hash = hashIn(texts[i]);
+            ASSERT_EQ(table.find(texts[i], hash), nullptr);
+            table.reserve(1);
+            ASSERT_EQ(table.find("", 0), nullptr);  // the new room holds nothing
+            table.add({texts[i], hash});
+        }
+        for (const std::string& text : texts) {
+            const TextEntry* entry = table.find(text, hashIn(text));
+            ASSERT_TRUE(entry != nullptr && entry->text == text.data() && entry->key() == text) << text;
+        }
+    }
+}
+
+}  // namespace vorn_3_1::internal
