@@ -8,6 +8,7 @@
 #include <map>
 #include <random>
 #include <tuple>
+#include <utility>
 
 #include "base/position_counter.h"
 #include "options/registered_option_storage.h"
@@ -207,6 +208,24 @@ TEST(ParseResult, answersAsIfEveryNameHadItsOwnRecord) {
                 twins.compare(name);
         }
     }
+}
+
+// A process that has drawn every position goes on, but queries from 0 on find no more.
+TEST(ParseResult, keepsWhatComesAfterTheLastPositionOutOfUsualRanges) {
+    Garbage keeper;
+    RegisteredOptionStorage storage(&keeper);
+    storage.option("a", "", qel_empty, "");
+    ParseResult result;
+    const unsigned before = std::exchange(positionCounter, INT_MAX - 1);
+    for (int i = 0; i < 3; ++i) {
+        OptionData data{nextPosition(), {}};
+        result.store(storage.description(0), data);
+    }
+    positionCounter = before;
+    EXPECT_EQ(answerOf(result.get("a", 0, INT_MAX)), Answer(INT_MAX - 1, "(null)", "(none)"));
+    EXPECT_EQ(answerOf(result.next("a")), miss);  // INT_MAX, which says that there is none
+    EXPECT_FALSE(result.present("a", INT_MAX, INT_MAX));
+    EXPECT_EQ(answerOf(result.get("a", INT_MIN, 0)), Answer(INT_MIN, "(null)", "(none)"));
 }
 
 }  // namespace vorn_3_1::internal
