@@ -72,7 +72,7 @@ bool BasicParser::removeHandler(EventHandler* handler) { return handlers.remove(
 void BasicParser::setLastError(std::string_view text) { lastError = text; }
 
 internal::RecogniserContext BasicParser::recogniserContext(int recogniserFlags) {
-    return {handlers.empty() ? nullptr : &handlers, &garbage, recogniserFlags, internal::currentNumerals()};
+    return {handlers.empty() ? nullptr : &handlers, &garbage, recogniserFlags};
 }
 
 }  // namespace vorn_3_1
