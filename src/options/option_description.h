@@ -11,7 +11,6 @@
 #include "options/option_index.h"
 #include "tamsu2/variant.h"
 #include "text/garbage.h"
-#include "text/number_text.h"
 #include "vorn/option.h"
 
 namespace vorn_3_1::internal {
@@ -84,8 +83,7 @@ public:
     /// text itself is the value and nobody may want a copy), and `text` has become the whole allowed value
     /// where it was a beginning of one, which lives in this option. False: `error` says why, and `value`
     /// is not to be used.
-    bool validate(std::string_view& text, tamsu2::variant_t& value, Numerals numerals,
-                  std::string& error) const;
+    bool validate(std::string_view& text, tamsu2::variant_t& value, std::string& error) const;
 
 private:
     struct Record : Registration {
@@ -104,7 +102,7 @@ private:
     bool typedOperation(Operation& operation) const;
 
     // The text holds no NUL, or is one: then it is no number, as "" is none.
-    bool convert(std::string_view text, tamsu2::variant_t& value, Numerals numerals) const;
+    bool convert(std::string_view text, tamsu2::variant_t& value) const;
 
     template <class Change>
     IOption* shape(Change change);

@@ -31,7 +31,6 @@ Base baseOf(std::string_view text) {
 struct OperationFromString {
     std::string_view text;
     tamsu2::variant_t& target;
-    Numerals numerals;
 
     template <class Number>
     bool execute(As<Number>) {
@@ -47,7 +46,7 @@ private:
     template <class Number>
     bool read(Base base) {
         Number number{};
-        if (!readNumber(text, base, number, numerals)) return false;
+        if (!readNumber(text, base, number)) return false;
         target = tamsu2::variant_t(number);
         return true;
     }
@@ -128,12 +127,12 @@ std::string OptionDescription::getTypeName() const {
 
 tamsu2::variant_t OptionDescription::fromString(std::string_view text) const {
     tamsu2::variant_t value;
-    convert(text.substr(0, text.find('\0')), value, currentNumerals());
+    convert(text.substr(0, text.find('\0')), value);
     return value;
 }
 
-bool OptionDescription::convert(std::string_view text, tamsu2::variant_t& value, Numerals numerals) const {
-    OperationFromString operation{text, value, numerals};
+bool OptionDescription::convert(std::string_view text, tamsu2::variant_t& value) const {
+    OperationFromString operation{text, value};
     return typedOperation(operation);
 }
 

@@ -7,10 +7,9 @@
 
 namespace vorn_3_1::internal {
 
-bool OptionDescription::validate(std::string_view& text, tamsu2::variant_t& value, Numerals numerals,
-                                 std::string& error) const {
+bool OptionDescription::validate(std::string_view& text, tamsu2::variant_t& value, std::string& error) const {
     const bool isText = type() == tamsu2::qel_string;
-    if (!isText && !convert(text, value, numerals)) {
+    if (!isText && !convert(text, value)) {
         error = joined({"Option '", firstName(), "' can not parse '", text, "' value, requires a type '",
                         getTypeName(), "' here."});
         return false;

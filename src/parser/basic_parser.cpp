@@ -66,7 +66,7 @@ void BasicParser::setLastError(std::string_view text) { lastError = text; }
 
 // Without handlers nobody is to be called, and a recogniser that knows it takes shorter ways.
 internal::RecogniserContext BasicParser::recogniserContext(int recogniserFlags) {
-    return {handlers.empty() ? nullptr : &handlers, &garbage, recogniserFlags, internal::currentNumerals()};
+    return {handlers.empty() ? nullptr : &handlers, &garbage, recogniserFlags};
 }
 
 }  // namespace vorn_3_1
