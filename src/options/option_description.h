@@ -98,9 +98,6 @@ private:
         std::uint64_t nameListId;
     };
 
-    template <class Operation>
-    bool typedOperation(Operation& operation) const;
-
     // The text holds no NUL, or is one: then it is no number, as "" is none.
     bool convert(std::string_view text, tamsu2::variant_t& value) const;
 
