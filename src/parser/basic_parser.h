@@ -79,7 +79,7 @@ public:
     /// by the prefix and what it lacks of that; a line has room for `width` - 1 characters of text. Every
     /// line ends with a line feed; an empty text gives an empty result.
     ///
-    ///     paragraphString("the text wraps", "-a", 5, 10)      "-a   the text\n"
+    ///     paragraphString("the text wraps", "-a", 5, 11)      "-a   the text\n"
     ///                                                         "     wraps\n"
     static std::string paragraphString(std::string_view text, std::string prefix, unsigned indent,
                                        unsigned width);

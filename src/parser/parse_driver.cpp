@@ -1,4 +1,16 @@
 // From the host's arguments to the recognisers: ask who takes the front argument, choose, let it consume.
+//
+//     parseArgsVector   records the defaults, takes the arguments over      (parseStream: command_text.cpp)
+//       parseVector     runs the loop, then what follows "--"; the last error
+//         parse         the loop: one turn for each option or positional argument
+//
+// For "--level 5 file -zz -- rest", with a positional option, under unknownIsError and hyphenNotPositional:
+//
+//     front of the list     who takes it
+//     --level               the recogniser of names, together with 5
+//     file                  the recogniser of positional arguments
+//     -zz                   nobody: the handlers are asked, and then it is an error
+//     --                    ends the loop
 #include <array>
 #include <exception>
 #include <string>
@@ -23,8 +35,8 @@ constexpr std::string_view logSwitch = "vornoption=vornlogenable=1";
 // Every result that a host has was made by createResult.
 ParseResult* implementationOf(IParseResult* result) { return static_cast<ParseResult*>(result); }
 
-// False when there is a null among the arguments.
-bool append(ArgumentList& args, int argc, char** argv) {
+// The first element of argv is the host's own name. False when there is a null among the others.
+bool takeOver(ArgumentList& args, int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         if (argv == nullptr || argv[i] == nullptr) return false;
         args.append(argv[i]);
@@ -38,7 +50,8 @@ public:
     Recognisers(const RecogniserContext& context, WordTree& names)
         : positional(context), abbreviation(context, names) {}
 
-    /// The one with the highest priority among those that take the front argument, or null.
+    /// The one with the highest priority among those that take the front argument, or null. All are asked:
+    /// their log lines are what hosts know.
     IArgumentParser* choose(const ArgumentList& args, const RegisteredOptionStorage& storage) {
         IArgumentParser* chosen = nullptr;
         for (IArgumentParser* recogniser : list) {
@@ -58,13 +71,14 @@ private:
 
 }  // namespace
 
-// Defaults come first, and only here: parseStream records none.
+// Defaults come first, and only here: parseStream records none. Recording them is outside of the try block, so that
+// running out of memory there is thrown. Both are kept on purpose.
 int BasicParser::parseArgsVector(int argc, char** argv, IParseResult* result) {
     if (result != nullptr) implementationOf(result)->applyDefault(storage);
     if (argc < 2) return 0;
     try {
         ArgumentList args;
-        if (!append(args, argc, argv)) return exceptionCaught;
+        if (!takeOver(args, argc, argv)) return exceptionCaught;
         return parseVector(args, result);
     } catch (const std::exception&) {
         return exceptionCaught;
@@ -84,6 +98,8 @@ int BasicParser::parseVector(ArgumentList& args, IParseResult* result) {
     }
 }
 
+// The log switch counts only as the first argument. It stays as it is until the next parse, so that help texts in
+// between are logged, too.
 int BasicParser::parse(std::string_view terminator, ArgumentList& args, IParseResult* result,
                        std::string& error) {
     vornLogEnabled = !args.empty() && args.front() == logSwitch;
