@@ -1,4 +1,7 @@
 // The parser, its events and its factory.
+//
+// A host makes a parser, registers its options, parses into a result, and asks the result. Handlers are for hosts that
+// want to hear of every option and value while the parse goes on, and to have a say in it.
 #ifndef VORN_PARSER_H
 #define VORN_PARSER_H
 

@@ -1,4 +1,7 @@
 // What a parse found, and the queries on it.
+//
+//     for (vorn_3_1::Value value = result->get("file"); value.status == 0; value = result->next("file"))
+//         open(value.text);
 #ifndef VORN_RESULT_H
 #define VORN_RESULT_H
 
