@@ -14,7 +14,7 @@ namespace vorn_3_1::internal {
 void ParseResult::destroy() { delete this; }
 
 int ParseResult::store(const OptionDescription& option, OptionData& data) {
-    const Name* name = find(option.names().at(0));
+    const Name* name = find(option.firstOfNames());
     if (name != nullptr && name->record != nullptr && name->record->nameListId == option.nameListId()) {
         name->record->given.append(prepare(data));
     } else {
@@ -82,7 +82,7 @@ void ParseResult::addArgument(std::string_view argument, std::int32_t position) 
     arguments.push_back({garbage.keep(argument).data(), position});
 }
 
-ParseResult::Name* ParseResult::find(const TextEntry& name) {
+ParseResult::Name* ParseResult::find(const RegisteredName& name) {
     const NameEntry* entry = options.find(name.key(), name.hash);
     return entry == nullptr ? nullptr : entry->name;
 }
@@ -90,14 +90,14 @@ ParseResult::Name* ParseResult::find(const TextEntry& name) {
 // The entries of the option's names, made where they are missing; a made one counts as not entered.
 const ParseResult::Names& ParseResult::namesOf(const OptionDescription& option) {
     namesInHand.clear();
-    for (const OptionName& name : option.names()) {
+    option.eachName([this](const RegisteredName& name) {
         Name* known = find(name);
         if (known == nullptr) {
             options.reserve(1);
-            known = options.add({&names.add(texts.copy(name.key())), name.hash}).name;
+            known = options.add({&names.add(texts.copy(name.key()))}, name.hash).name;
         }
         namesInHand.push_back(known);
-    }
+    });
     return namesInHand;
 }
 

@@ -12,12 +12,14 @@
 #include "result/result_collector.h"
 #include "text/garbage.h"
 #include "text/pool.h"
+#include "text/text_arena.h"
 #include "text/text_table.h"
 #include "vorn/result.h"
 
 namespace vorn_3_1::internal {
 
 class RegisteredOptionStorage;
+struct RegisteredName;
 
 /// Independent of the parser: it keeps copies of names and texts.
 ///
@@ -90,7 +92,6 @@ private:
         std::string_view key() const { return {name->text, name->length}; }
 
         Name* name = nullptr;
-        std::uint32_t hash = 0;
     };
     struct Argument {
         const char* text;  // kept by garbage
@@ -99,7 +100,7 @@ private:
 
     // Store.
     using Names = std::vector<Name*>;
-    Name* find(const TextEntry& name);
+    Name* find(const RegisteredName& name);
     const Names& namesOf(const OptionDescription& option);
     void storeByName(const OptionDescription& option, OptionData& data);
     void storeApart(const Names& list, OptionData& data);
