@@ -27,7 +27,7 @@
 #include "parser/handler_set.h"
 #include "recognisers/argument_list.h"
 #include "recognisers/argument_parser.h"
-#include "recognisers/word_tree.h"
+#include "recognisers/name_search.h"
 #include "text/garbage.h"
 #include "vorn/parser.h"
 
@@ -97,7 +97,7 @@ private:
     std::string lastError;
     int flags;
     internal::HandlerSet handlers;
-    internal::WordTree names;  // what the recognisers derive from the registry, kept between parses
+    internal::NameSearch nameSearch;  // what the recognisers derive from the registry, kept between parses
 };
 
 }  // namespace vorn_3_1

@@ -36,17 +36,18 @@ constexpr unsigned titleWidth = 80;
 // Further names come before the first one, the last of them first: "-third, -second, -first".
 void writeNames(std::string& out, const OptionDescription& option) {
     const std::string_view firstName = option.firstName();
-    for (std::size_t i = option.names().size() - 1; i > 0; --i)
-        append(out, {"-", option.names()[i].key(), ", "});
+    std::vector<std::string_view> names;
+    option.eachName([&names](const RegisteredName& name) { names.push_back(name.key()); });
+    for (std::size_t i = names.size() - 1; i > 0; --i)
+        append(out, {"-", names[i], ", "});
     append(out, {"-", firstName});
 }
 
 // Both forms, the default one marked.
 void writeSwitchSyntax(std::string& out, const OptionDescription& option) {
     constexpr std::string_view mark = " (default)";
-    const bool isOn = option.defaultValue().asBool();
-    append(out, {option.hasDefault() && isOn ? mark : "", " | -no-", option.firstName(),
-                 option.hasDefault() && !isOn ? mark : ""});
+    const bool isOn = option.hasDefault() && option.defaultValue().asBool();
+    append(out, {isOn ? mark : "", " | -no-", option.firstName(), option.hasDefault() && !isOn ? mark : ""});
 }
 
 // "=<integer>", or "=fast | full" where values are allowed; and the default: " (full)".

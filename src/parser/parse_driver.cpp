@@ -47,8 +47,8 @@ bool takeOver(ArgumentList& args, int argc, char** argv) {
 /// The recognisers of one parse.
 class Recognisers {
 public:
-    Recognisers(const RecogniserContext& context, WordTree& names)
-        : positional(context), abbreviation(context, names) {}
+    Recognisers(const RecogniserContext& context, NameSearch& nameSearch)
+        : positional(context), abbreviation(context, nameSearch) {}
 
     /// The one with the highest priority among those that take the front argument, or null. All are asked:
     /// their log lines are what hosts know.
@@ -105,7 +105,7 @@ int BasicParser::parse(std::string_view terminator, ArgumentList& args, IParseRe
     vornLogEnabled = !args.empty() && args.front() == logSwitch;
     if (vornLogEnabled) args.removeFront();
 
-    Recognisers recognisers(recogniserContext(flags), names);
+    Recognisers recognisers(recogniserContext(flags), nameSearch);
     IResultCollector* collector = implementationOf(result);
     while (!args.empty() && args.front() != terminator) {
         if (IArgumentParser* recogniser = recognisers.choose(args, storage)) {

@@ -19,7 +19,7 @@ namespace vorn_3_1::internal {
 void ParseResult::destroy() { delete this; }
 
 int ParseResult::store(const OptionDescription& option, OptionData& data) {
-    const Entry* first = findEntry(option.names().at(0));
+    const Entry* first = findEntry(option.firstOfNames());
     if (first != nullptr && first->contents != nullptr &&
         first->contents->nameListId == option.nameListId()) {
         first->contents->history.append(prepare(data));
@@ -88,7 +88,7 @@ void ParseResult::addArgument(std::string_view argument, std::int32_t position) 
     arguments.push_back({garbage.keep(argument).data(), position});
 }
 
-ParseResult::Entry* ParseResult::findEntry(const TextEntry& name) {
+ParseResult::Entry* ParseResult::findEntry(const RegisteredName& name) {
     const TableEntry* known = entriesByName.find(name.key(), name.hash);
     return known == nullptr ? nullptr : known->entry;
 }
@@ -96,14 +96,14 @@ ParseResult::Entry* ParseResult::findEntry(const TextEntry& name) {
 // The entries of the option's names, in their order. Missing ones are made, without contents.
 const ParseResult::Entries& ParseResult::entriesOf(const OptionDescription& option) {
     entriesAtHand.clear();
-    for (const OptionName& name : option.names()) {
+    option.eachName([this](const RegisteredName& name) {
         Entry* known = findEntry(name);
         if (known == nullptr) {
             entriesByName.reserve(1);
-            known = entriesByName.add({&entries.add(texts.copy(name.key())), name.hash}).entry;
+            known = entriesByName.add({&entries.add(texts.copy(name.key()))}, name.hash).entry;
         }
         entriesAtHand.push_back(known);
-    }
+    });
     return entriesAtHand;
 }
 

@@ -23,12 +23,14 @@
 #include "result/result_collector.h"
 #include "text/garbage.h"
 #include "text/pool.h"
+#include "text/text_arena.h"
 #include "text/text_table.h"
 #include "vorn/result.h"
 
 namespace vorn_3_1::internal {
 
 class RegisteredOptionStorage;
+struct RegisteredName;
 
 /// Independent of the parser: it keeps copies of names and texts.
 ///
@@ -111,7 +113,6 @@ private:
         std::string_view key() const { return {entry->text, entry->length}; }
 
         Entry* entry = nullptr;
-        std::uint32_t hash = 0;
     };
     struct Argument {
         const char* text;  // kept by garbage
@@ -120,7 +121,7 @@ private:
 
     // Storing.
     using Entries = std::vector<Entry*>;
-    Entry* findEntry(const TextEntry& name);
+    Entry* findEntry(const RegisteredName& name);
     const Entries& entriesOf(const OptionDescription& option);
     void storeUnderEachName(const OptionDescription& option, OptionData& data);
     void storeApart(const Entries& list, OptionData& data);

@@ -72,4 +72,20 @@ TEST(Abbreviation, everyShortArgumentMatchesAsByThePlainRules) {
     }
 }
 
+TEST(Abbreviation, aNameMayHaveAnyNumberOfWords) {
+    const Cli cli(unknownIsError);
+    std::string name, typed = "-";
+    for (unsigned i = 0; i < 80000; ++i) {
+        name += "word-";
+        typed += i % 2 == 0 ? "w-" : "-";
+    }
+    cli.option(name.c_str(), qel_empty);
+    cli.option((name + "longer").c_str(), qel_empty);
+    cli.option((name + "last").c_str(), qel_empty);
+    for (unsigned i = 0; i < 40; ++i)  // names are brought in order on the way
+        EXPECT_EQ(cli.parse(typed + "lo"), "0");
+    EXPECT_EQ(cli.occurrences((name + "longer").c_str()).size(), 40u);
+    EXPECT_EQ(cli.parse(typed + "x").substr(0, 18), "2 Unknown option: ");
+}
+
 }  // namespace vorn_3_1::public_tests

@@ -34,23 +34,24 @@ class Model {
 public:
     void store(const OptionDescription& option, const OptionData& data) {
         const bool isFirst = entries.count(option.firstName()) == 0;
-        for (const OptionName& name : option.names()) {
-            Entry& entry = entries[name.text];
+        option.eachName([&](const RegisteredName& name) {
+            Entry& entry = entries[name.key()];
             if (isFirst) entry = {};
             entry.occurrences.push_back(data.position);
             for (const ValueRecord& record : data.values)
                 entry.values.emplace_back(record.position, record.text, record.value.asString());
-            if (current != &entry) continue;
+            if (current != &entry) return;
             value = std::min(value, entry.values.size());  // an iteration over what is replaced
             occurrence = std::min(occurrence, entry.occurrences.size());
-        }
+        });
     }
 
     void applyDefault(const OptionDescription& option, unsigned& counter) {
         if (!option.hasDefault() || option.type() == qel_empty) return;
         const char* text = option.defaultValue().asString();
-        for (const OptionName& name : option.names())
-            entries[name.text].byDefault = {static_cast<int>(counter++), text, text};
+        option.eachName([&](const RegisteredName& name) {
+            entries[name.key()].byDefault = {static_cast<int>(counter++), text, text};
+        });
     }
 
     bool present(std::string_view name, int from, int to) {
