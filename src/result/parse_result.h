@@ -129,8 +129,8 @@ private:
     History prepare(OptionData& data);
     History copyOf(const History& source);
     Contents& ownContents(Entry& entry);
-    void setContents(Entry& entry, Contents& contents) noexcept;
-    void share(const Entries& list, Contents& contents, std::uint64_t nameListId) noexcept;
+    void setContents(Entry& entry, Contents& now) noexcept;
+    void share(const Entries& list, Contents& shared, std::uint64_t nameListId) noexcept;
     static bool areDistinct(const Entries& list);
     static Contents* contentsSharedBy(const Entries& list);
 
