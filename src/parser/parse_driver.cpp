@@ -1,5 +1,4 @@
 // From the host's arguments to the recognisers: ask who takes the front argument, choose, let it consume.
-#include <array>
 #include <exception>
 #include <string>
 #include <string_view>
@@ -40,19 +39,14 @@ public:
 
     /// The one with the highest priority among those that take the front argument, or null.
     IArgumentParser* choose(const ArgumentList& args, const RegisteredOptionStorage& storage) {
-        IArgumentParser* chosen = nullptr;
-        for (IArgumentParser* recogniser : list) {
-            message.clear();
-            if (recogniser->recognize(args, storage, message) != 0) continue;
-            if (chosen == nullptr || recogniser->getPriority() > chosen->getPriority()) chosen = recogniser;
-        }
-        return chosen;
+        // Both are asked, in this order, for their log lines.
+        IArgumentParser* chosen = positional.recognize(args, storage, message) == 0 ? &positional : nullptr;
+        return abbreviation.recognize(args, storage, message) == 0 ? &abbreviation : chosen;
     }
 
 private:
     PositionalOptionsParser positional;
     AbbreviationParser abbreviation;
-    std::array<IArgumentParser*, 2> list{&positional, &abbreviation};
     std::string message;  // what a recogniser says of an argument while it is only asked; not used
 };
 
