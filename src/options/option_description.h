@@ -50,7 +50,12 @@ public:
     void addName(std::string_view name, std::uint32_t hash) noexcept;
 
     /// Throws std::out_of_range when the option has no names.
-    const RegisteredName& firstOfNames() const { return context->index.names().at(firstNumber); }
+    const RegisteredName& firstOfNames() const {
+        const std::vector<RegisteredName>& all = context->index.names();
+        // at() is a call, and made only where it is to throw.
+        // cppcheck-suppress containerOutOfBounds
+        return nameCount == 0 ? all.at(none) : all[firstNumber];
+    }
     /// The same as a text, which is followed by a NUL.
     std::string_view firstName() const { return firstOfNames().key(); }
     /// Calls `use` with every name, in the order in which they were added.

@@ -24,6 +24,12 @@ void OptionIndex::addDefaulted(unsigned option) {
     if (place == withDefault.end() || *place != option) withDefault.insert(place, option);
 }
 
+const RegisteredName* OptionIndex::findNegated(std::string_view text) const {
+    if (!text.starts_with(negation)) return nullptr;
+    const RegisteredName* name = table.find(text.substr(negation.size()));
+    return name == nullptr || !name->isOfAnySwitch ? nullptr : name;
+}
+
 bool OptionIndex::isTaken(std::string_view text, std::uint32_t hash) const {
     return table.find(text, hash) != nullptr || findNegated(text) != nullptr;
 }
@@ -34,12 +40,6 @@ NameMatch OptionIndex::findExactly(std::string_view typed) const {
     const RegisteredName* found = asItIs == nullptr ? negated : asItIs;
     if (found == nullptr || found->isTwice || (asItIs != nullptr && negated != nullptr)) return {};
     return {numberOf(*found), found == negated};
-}
-
-const RegisteredName* OptionIndex::findNegated(std::string_view text) const {
-    if (!text.starts_with(negation)) return nullptr;
-    const RegisteredName* name = table.find(text.substr(negation.size()));
-    return name == nullptr || !name->isOfAnySwitch ? nullptr : name;
 }
 
 }  // namespace vorn_3_1::internal

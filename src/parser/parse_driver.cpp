@@ -11,7 +11,6 @@
 //     file                  the recogniser of positional arguments
 //     -zz                   nobody: the handlers are asked, and then it is an error
 //     --                    ends the loop
-#include <array>
 #include <exception>
 #include <string>
 #include <string_view>
@@ -50,22 +49,17 @@ public:
     Recognisers(const RecogniserContext& context, NameSearch& nameSearch)
         : positional(context), abbreviation(context, nameSearch) {}
 
-    /// The one with the highest priority among those that take the front argument, or null. All are asked:
-    /// their log lines are what hosts know.
+    /// The one with the highest priority among those that take the front argument, or null.
     IArgumentParser* choose(const ArgumentList& args, const RegisteredOptionStorage& storage) {
-        IArgumentParser* chosen = nullptr;
-        for (IArgumentParser* recogniser : list) {
-            message.clear();
-            if (recogniser->recognize(args, storage, message) != 0) continue;
-            if (chosen == nullptr || recogniser->getPriority() > chosen->getPriority()) chosen = recogniser;
-        }
-        return chosen;
+        // Both are asked, in this order: their log lines are what hosts know. The recogniser of names has the higher
+        // priority.
+        IArgumentParser* chosen = positional.recognize(args, storage, message) == 0 ? &positional : nullptr;
+        return abbreviation.recognize(args, storage, message) == 0 ? &abbreviation : chosen;
     }
 
 private:
     PositionalOptionsParser positional;
     AbbreviationParser abbreviation;
-    std::array<IArgumentParser*, 2> list{&positional, &abbreviation};
     std::string message;  // what a recogniser says of an argument while it is only asked; not used
 };
 

@@ -3,6 +3,7 @@
 #define VORN_RECOGNISERS_NAME_SEARCH_H
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -26,12 +27,17 @@ public:
 
 private:
     struct Query;
+    struct SortedName {
+        std::string_view text;
+        std::uint32_t start;  // of the text, as a number
+        unsigned number;      // in the index
+    };
 
     void sortWhenWorthIt(const std::vector<RegisteredName>& names);
     void search(Query& query) const;
-    static void searchRun(const unsigned* first, const unsigned* end, Query& query);
+    static void searchRun(const SortedName* first, const SortedName* end, Query& query);
 
-    std::vector<unsigned> sorted;      // numbers of names, in runs
+    std::vector<SortedName> sorted;    // in runs
     std::vector<std::size_t> runEnds;  // in `sorted`
     std::size_t comparisons = 0;       // with names that are not sorted yet
 };
