@@ -1,7 +1,7 @@
 # Debian packages: the runtime named after the SONAME, so that minors live side by side, and its development
 # files. scripts/package configures for /usr, which puts the files into Debian's folders of the architecture.
 set(vornRuntimePackage "libvorn${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
-if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND VORN_TARGET STREQUAL "i386")
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE i386)
 endif()
 
