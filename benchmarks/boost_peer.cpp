@@ -31,9 +31,8 @@ public:
         using namespace po::command_line_style;
         style = form == Form::full ? unix_style & ~allow_guessing : unix_style | allow_guessing;
         auto add = description.add_options();
-        for (const OptionSpec& option : options) {
+        for (const OptionSpec& option : options)
             add(option.names, valueFor(option.kind), option.description);
-        }
     }
 
     bool parse(CommandLine& line, Tally* found) override {
@@ -45,9 +44,7 @@ public:
                           .run(),
                       values);
             po::notify(values);
-            if (found != nullptr) {
-                *found = tally(values);
-            }
+            if (found != nullptr) *found = tally(values);
         } catch (const po::error&) {
             return false;
         }
@@ -58,9 +55,7 @@ private:
     Tally tally(const po::variables_map& values) const {
         Tally sum;
         for (const OptionSpec& option : options) {
-            if (values.count(option.name) != 0) {
-                add(sum, option.kind, values[option.name]);
-            }
+            if (values.count(option.name) != 0) add(sum, option.kind, values[option.name]);
         }
         return sum;
     }
@@ -91,15 +86,12 @@ private:
     int style;
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form form) {
-    return std::make_unique<BoostPeer>(options, form);
-}
-
 }  // namespace
 
-PeerInfo boostPeer() {
-    // Its time grows with the square of the number of arguments.
-    return {"Boost.Program_options", "all", true, true, true, 1000, make};
+const bool keepsAllValues = true;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form form) {
+    return std::make_unique<BoostPeer>(options, form);
 }
 
 }  // namespace bench

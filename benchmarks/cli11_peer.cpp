@@ -17,9 +17,8 @@ struct Bound {
 class Cli11Peer : public Peer {
 public:
     explicit Cli11Peer(const std::vector<OptionSpec>& options) {
-        for (const OptionSpec& option : options) {
+        for (const OptionSpec& option : options)
             add(option, bound.emplace_back());
-        }
     }
 
     bool parse(CommandLine& line, Tally* found) override {
@@ -28,9 +27,7 @@ public:
         } catch (const CLI::ParseError&) {
             return false;
         }
-        if (found != nullptr) {
-            *found = tally();
-        }
+        if (found != nullptr) *found = tally();
         return true;
     }
 
@@ -75,12 +72,12 @@ private:
     std::deque<Bound> bound;  // never moves what the options point to
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form) {
-    return std::make_unique<Cli11Peer>(options);
-}
-
 }  // namespace
 
-PeerInfo cli11Peer() { return {"CLI11", "all", true, false, true, anyNumber, make}; }
+const bool keepsAllValues = true;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+    return std::make_unique<Cli11Peer>(options);
+}
 
 }  // namespace bench

@@ -1,9 +1,5 @@
-// cxxopts: parsing makes a result that owns all values. Compiled twice, with regular expressions and
-// without; the second time the library's namespace gets another name, since both are in one program.
-#ifdef BENCH_CXXOPTS_PLAIN
+// cxxopts: parsing makes a result that owns all values. Without its regular expressions, which are slower.
 #define CXXOPTS_NO_REGEX
-#define cxxopts cxxopts_without_regex
-#endif
 #include <cxxopts.hpp>
 
 #include "peer.h"
@@ -31,17 +27,14 @@ public:
     explicit CxxoptsPeer(const std::vector<OptionSpec>& registered)
         : options(registered), parser("bench", "Is measured.") {
         auto adder = parser.add_options();
-        for (const OptionSpec& option : options) {
+        for (const OptionSpec& option : options)
             adder(option.names, option.description, valueFor(option.kind));
-        }
     }
 
     bool parse(CommandLine& line, Tally* found) override {
         try {
             const cxxopts::ParseResult result = parser.parse(line.argc(), line.argv.data());
-            if (found != nullptr) {
-                *found = tally(result);
-            }
+            if (found != nullptr) *found = tally(result);
         } catch (const std::exception&) {
             return false;
         }
@@ -52,9 +45,7 @@ private:
     Tally tally(const cxxopts::ParseResult& result) const {
         Tally sum;
         for (const OptionSpec& option : options) {
-            if (result.count(option.name) != 0) {
-                add(sum, option.kind, result[option.name]);
-            }
+            if (result.count(option.name) != 0) add(sum, option.kind, result[option.name]);
         }
         return sum;
     }
@@ -81,16 +72,12 @@ private:
     cxxopts::Options parser;
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form) {
-    return std::make_unique<CxxoptsPeer>(options);
-}
-
 }  // namespace
 
-#ifdef BENCH_CXXOPTS_PLAIN
-PeerInfo cxxoptsPlainPeer() { return {"cxxopts without regex", "all", true, false, true, anyNumber, make}; }
-#else
-PeerInfo cxxoptsPeer() { return {"cxxopts", "all", true, false, true, anyNumber, make}; }
-#endif
+const bool keepsAllValues = true;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+    return std::make_unique<CxxoptsPeer>(options);
+}
 
 }  // namespace bench

@@ -28,12 +28,8 @@ public:
         opterr = 0;
         for (;;) {
             const int code = getopt_long(line.argc(), line.argv.data(), "", table.data(), nullptr);
-            if (code < firstCode) {
-                return code < 0;
-            }
-            if (found != nullptr) {
-                add(*found, static_cast<std::size_t>(code - firstCode), given);
-            }
+            if (code < firstCode) return code < 0;
+            if (found != nullptr) add(*found, static_cast<std::size_t>(code - firstCode), given);
         }
     }
 
@@ -63,12 +59,12 @@ private:
     std::vector<option> table;
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form) {
-    return std::make_unique<GetoptPeer>(options);
-}
-
 }  // namespace
 
-PeerInfo getoptPeer() { return {"getopt_long", "nothing, as text", true, true, false, anyNumber, make}; }
+const bool keepsAllValues = true;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+    return std::make_unique<GetoptPeer>(options);
+}
 
 }  // namespace bench

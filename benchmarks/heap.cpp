@@ -2,32 +2,30 @@
 
 #include <malloc.h>
 
-#include "build.h"
+#include <algorithm>
 
 namespace {
 
 bool counting = false;
 bench::HeapUse use;
 
-[[maybe_unused]] void* taken(void* block) {
+void* taken(void* block) {
     if (counting && block != nullptr) {
-        ++use.allocations;
-        use.liveBytes += static_cast<std::ptrdiff_t>(malloc_usable_size(block));
+        ++use.calls;
+        use.bytes += static_cast<std::ptrdiff_t>(malloc_usable_size(block));
+        use.mostBytes = std::max(use.mostBytes, use.bytes);
     }
     return block;
 }
 
-[[maybe_unused]] void given(void* block) {
-    if (counting && block != nullptr) {
-        use.liveBytes -= static_cast<std::ptrdiff_t>(malloc_usable_size(block));
-    }
+void given(void* block) {
+    if (counting && block != nullptr) use.bytes -= static_cast<std::ptrdiff_t>(malloc_usable_size(block));
 }
 
 }  // namespace
 
-#if !BENCH_SANITIZED
-// The program's definitions take the place of the C library's, for all shared libraries, too. Blocks from
-// the aligned functions, which stay the C library's, are given back here like any other.
+// The program's definitions take the place of the C library's, for all shared libraries, too. Blocks from the aligned
+// functions, which stay the C library's, are given back here like any other.
 extern "C" {
 
 void* __libc_malloc(std::size_t);
@@ -50,11 +48,8 @@ void free(void* block) {
 }
 
 }  // extern "C"
-#endif
 
 namespace bench {
-
-bool heapIsCounted() { return !BENCH_SANITIZED; }
 
 void startHeapCount() {
     use = HeapUse();

@@ -1,4 +1,4 @@
-// Counting what goes through malloc, which is where operator new and every other allocator end.
+// Counts what goes through malloc, which is where operator new and every other allocator end.
 #ifndef BENCHMARKS_HEAP_H
 #define BENCHMARKS_HEAP_H
 
@@ -7,12 +7,10 @@
 namespace bench {
 
 struct HeapUse {
-    std::size_t allocations = 0;
-    std::ptrdiff_t liveBytes = 0;  ///< As the heap rounds them, less what was freed.
+    std::size_t calls = 0;
+    std::ptrdiff_t bytes = 0;      ///< As the heap rounds them, less what was given back.
+    std::ptrdiff_t mostBytes = 0;  ///< The most that this was.
 };
-
-/// False under a sanitizer, which has its own malloc: then nothing is counted.
-bool heapIsCounted();
 
 void startHeapCount();
 HeapUse stopHeapCount();

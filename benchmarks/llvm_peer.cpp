@@ -51,9 +51,7 @@ public:
 
     bool parse(CommandLine& line, Tally* found) override {
         const bool parsed = cl::ParseCommandLineOptions(line.argc(), line.argv.data(), "", &llvm::nulls());
-        if (found != nullptr) {
-            *found = tallyOf(options, slots);
-        }
+        if (found != nullptr) *found = tallyOf(options, slots);
         return parsed;
     }
 
@@ -63,12 +61,12 @@ private:
     std::vector<std::unique_ptr<cl::Option>> entries;
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form) {
-    return std::make_unique<LlvmPeer>(options);
-}
-
 }  // namespace
 
-PeerInfo llvmPeer() { return {"LLVM CommandLine", "the last", false, false, true, anyNumber, make}; }
+const bool keepsAllValues = false;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+    return std::make_unique<LlvmPeer>(options);
+}
 
 }  // namespace bench
