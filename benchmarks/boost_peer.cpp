@@ -11,17 +11,9 @@ namespace {
 using Texts = std::vector<std::string>;
 
 const po::value_semantic* valueFor(Kind kind) {
-    switch (kind) {
-        case Kind::onOff:
-            return po::value<Texts>()->zero_tokens();  // a bool may occur only once
-        case Kind::integer:
-            return po::value<std::vector<int>>();
-        case Kind::number:
-            return po::value<std::vector<double>>();
-        case Kind::text:
-        case Kind::list:
-            break;
-    }
+    if (kind == Kind::onOff) return po::value<Texts>()->zero_tokens();  // a bool may occur only once
+    if (kind == Kind::integer) return po::value<std::vector<int>>();
+    if (kind == Kind::number) return po::value<std::vector<double>>();
     return po::value<Texts>();
 }
 

@@ -35,23 +35,11 @@ private:
     void add(const OptionSpec& option, Bound& target) {
         const char* names = option.dashedNames;
         const char* description = option.description;
-        switch (option.kind) {
-            case Kind::onOff:
-                app.add_flag(names, target.onOff, description);
-                break;
-            case Kind::integer:
-                one(app.add_option(names, target.integers, description));
-                break;
-            case Kind::number:
-                one(app.add_option(names, target.numbers, description));
-                break;
-            case Kind::text:
-                one(app.add_option(names, target.texts, description));
-                break;
-            case Kind::list:
-                one(app.add_option(names, target.texts, description))->delimiter(',');
-                break;
-        }
+        if (option.kind == Kind::onOff) app.add_flag(names, target.onOff, description);
+        if (option.kind == Kind::integer) one(app.add_option(names, target.integers, description));
+        if (option.kind == Kind::number) one(app.add_option(names, target.numbers, description));
+        if (option.kind == Kind::text) one(app.add_option(names, target.texts, description));
+        if (option.kind == Kind::list) one(app.add_option(names, target.texts, description))->delimiter(',');
     }
 
     // Otherwise an option with a vector takes the arguments that follow it, too.

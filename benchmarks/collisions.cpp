@@ -13,7 +13,7 @@ namespace {
 // where it is wanted.
 using Word = std::size_t;
 constexpr bool is64 = sizeof(Word) == 8;
-constexpr Word factor = is64 ? static_cast<Word>(0xc6a4a7935bd1e995u) : 0x5bd1e995u;
+constexpr Word factor = static_cast<Word>(0xc6a4a7935bd1e995u);
 constexpr Word wanted = 0x12345678u;
 constexpr std::size_t wordCount = 16 / sizeof(Word);
 

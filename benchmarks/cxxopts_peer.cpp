@@ -8,17 +8,9 @@ namespace bench {
 namespace {
 
 std::shared_ptr<cxxopts::Value> valueFor(Kind kind) {
-    switch (kind) {
-        case Kind::onOff:
-            return cxxopts::value<bool>();
-        case Kind::integer:
-            return cxxopts::value<std::vector<int>>();
-        case Kind::number:
-            return cxxopts::value<std::vector<double>>();
-        case Kind::text:
-        case Kind::list:
-            break;
-    }
+    if (kind == Kind::onOff) return cxxopts::value<bool>();
+    if (kind == Kind::integer) return cxxopts::value<std::vector<int>>();
+    if (kind == Kind::number) return cxxopts::value<std::vector<double>>();
     return cxxopts::value<std::vector<std::string>>();
 }
 
@@ -51,21 +43,10 @@ private:
     }
 
     static void add(Tally& sum, Kind kind, const cxxopts::OptionValue& value) {
-        switch (kind) {
-            case Kind::onOff:
-                sum.switches += value.as<bool>();
-                break;
-            case Kind::integer:
-                sum.addAll(value.as<std::vector<int>>());
-                break;
-            case Kind::number:
-                sum.addAll(value.as<std::vector<double>>());
-                break;
-            case Kind::text:
-            case Kind::list:
-                sum.addAll(value.as<std::vector<std::string>>());
-                break;
-        }
+        if (kind == Kind::onOff) sum.switches += value.as<bool>();
+        if (kind == Kind::integer) sum.addAll(value.as<std::vector<int>>());
+        if (kind == Kind::number) sum.addAll(value.as<std::vector<double>>());
+        if (kind == Kind::text || kind == Kind::list) sum.addAll(value.as<std::vector<std::string>>());
     }
 
     const std::vector<OptionSpec>& options;

@@ -35,23 +35,11 @@ public:
 
 private:
     void add(Tally& tally, std::size_t index, std::vector<bool>& given) const {
-        switch (options[index].kind) {
-            case Kind::onOff:
-                tally.switches += !given[index];
-                break;
-            case Kind::integer:
-                tally.add(std::atoi(optarg));
-                break;
-            case Kind::text:
-                tally.add(optarg);
-                break;
-            case Kind::number:
-                tally.add(std::atof(optarg));
-                break;
-            case Kind::list:
-                tally.addList(optarg);
-                break;
-        }
+        if (options[index].kind == Kind::onOff) tally.switches += !given[index];
+        if (options[index].kind == Kind::integer) tally.add(std::atoi(optarg));
+        if (options[index].kind == Kind::text) tally.add(optarg);
+        if (options[index].kind == Kind::number) tally.add(std::atof(optarg));
+        if (options[index].kind == Kind::list) tally.addList(optarg);
         given[index] = true;
     }
 

@@ -78,18 +78,10 @@ private:
 
     bool store(std::size_t index, std::string_view value) {
         HandSlot& slot = slots[index];
-        switch (options[index].kind) {
-            case Kind::onOff:
-                return slot.onOff = true;
-            case Kind::integer:
-                return readNumber(value, slot.integer);
-            case Kind::number:
-                return readNumber(value, slot.number);
-            case Kind::text:
-            case Kind::list:
-                slot.text = value;
-                break;
-        }
+        if (options[index].kind == Kind::onOff) return slot.onOff = true;
+        if (options[index].kind == Kind::integer) return readNumber(value, slot.integer);
+        if (options[index].kind == Kind::number) return readNumber(value, slot.number);
+        if (options[index].kind == Kind::text || options[index].kind == Kind::list) slot.text = value;
         return true;
     }
 

@@ -17,17 +17,9 @@ std::unique_ptr<cl::Option> makeOption(const OptionSpec& option, Value& target) 
 }
 
 std::unique_ptr<cl::Option> makeOptionFor(const OptionSpec& option, Slot& slot) {
-    switch (option.kind) {
-        case Kind::onOff:
-            return makeOption(option, slot.onOff);
-        case Kind::integer:
-            return makeOption(option, slot.integer);
-        case Kind::number:
-            return makeOption(option, slot.number);
-        case Kind::text:
-        case Kind::list:
-            break;
-    }
+    if (option.kind == Kind::onOff) return makeOption(option, slot.onOff);
+    if (option.kind == Kind::integer) return makeOption(option, slot.integer);
+    if (option.kind == Kind::number) return makeOption(option, slot.number);
     return makeOption(option, slot.text);
 }
 

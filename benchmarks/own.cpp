@@ -1,5 +1,8 @@
 // Questions that are asked of this library alone, each in a process of its own: bench_own QUESTION COUNT. It prints one
 // figure.
+#include <malloc.h>
+#include <sys/resource.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -76,6 +79,11 @@ double askStream(std::size_t count) {
     return medianTime([&] { parseText(*parser, text); }) / static_cast<double>(count);
 }
 
+std::size_t heapBytes() {
+    const auto now = mallinfo2();
+    return now.uordblks + now.hblkhd;
+}
+
 struct Kept {
     double callsPerArgument;
     double share;  ///< What the result's end gives back, beside what a host is given once.
@@ -85,17 +93,16 @@ Kept keptAfter(std::size_t count) {
     const std::vector<OptionSpec> options = makeOptions(100);
     const ParserHandle parser = registerOn(options);
     CommandLine line = makeCommandLine(options, count, Form::full);
-    startHeapCount();
+    const std::size_t callsBefore = heapCalls;
     ResultHandle result = newResult(*parser);
     parser->parseArgsVector(line.argc(), line.argv.data(), result.get());
-    const double calls = static_cast<double>(stopHeapCount().calls);
-    startHeapCount();
+    const std::size_t calls = heapCalls - callsBefore, bytes = heapBytes();
     result.reset();
-    const double kept = -static_cast<double>(stopHeapCount().bytes);
     // A record and a text for each value, a position for each occurrence.
     const std::size_t given =
         line.items * sizeof(vorn_3_1::Value) + line.itemBytes + count * sizeof(std::int32_t);
-    return {calls / static_cast<double>(count), kept / static_cast<double>(given)};
+    return {static_cast<double>(calls) / static_cast<double>(count),
+            static_cast<double>(bytes - heapBytes()) / static_cast<double>(given)};
 }
 
 // Milliseconds for the help text of so many options. A new parser each time, since equal texts may be kept.
@@ -204,15 +211,17 @@ double askDescending(std::size_t count) {
            1e6;
 }
 
-// How many times its size one argument of so many hyphens takes of the heap.
+// How many times its size one argument of so many hyphens takes, beside the argument itself.
 double askHyphens(std::size_t count) {
     const ParserHandle parser = registerOn(makeOptions(10));
     std::string program = "bench", argument(count, '-');
     char* argv[] = {program.data(), argument.data(), nullptr};
     const ResultHandle result = newResult(*parser);
-    startHeapCount();
+    rusage before{}, after{};
+    getrusage(RUSAGE_SELF, &before);
     parser->parseArgsVector(2, argv, result.get());
-    return static_cast<double>(stopHeapCount().mostBytes) / static_cast<double>(count);
+    getrusage(RUSAGE_SELF, &after);
+    return static_cast<double>(after.ru_maxrss - before.ru_maxrss) * 1024 / static_cast<double>(count);
 }
 
 }  // namespace

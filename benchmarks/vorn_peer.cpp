@@ -7,35 +7,16 @@ namespace bench {
 namespace {
 
 tamsu2::qel_variant_type_t typeOf(Kind kind) {
-    switch (kind) {
-        case Kind::onOff:
-            return tamsu2::qel_bool;
-        case Kind::integer:
-            return tamsu2::qel_int;
-        case Kind::number:
-            return tamsu2::qel_double;
-        case Kind::text:
-        case Kind::list:
-            break;
-    }
+    if (kind == Kind::onOff) return tamsu2::qel_bool;
+    if (kind == Kind::integer) return tamsu2::qel_int;
+    if (kind == Kind::number) return tamsu2::qel_double;
     return tamsu2::qel_string;
 }
 
 void addValue(Tally& tally, Kind kind, const vorn_3_1::Value& value) {
-    switch (kind) {
-        case Kind::onOff:
-            break;
-        case Kind::integer:
-            tally.add(value.value.asInt());
-            break;
-        case Kind::number:
-            tally.add(value.value.asDouble());
-            break;
-        case Kind::text:
-        case Kind::list:
-            tally.add(value.text);
-            break;
-    }
+    if (kind == Kind::integer) tally.add(value.value.asInt());
+    if (kind == Kind::number) tally.add(value.value.asDouble());
+    if (kind == Kind::text || kind == Kind::list) tally.add(value.text);
 }
 
 class VornPeer : public Peer {

@@ -69,14 +69,8 @@ std::string cutEveryWord(const std::string& name) {
 }
 
 std::string typedName(const OptionSpec& option, Form form) {
-    switch (form) {
-        case Form::full:
-            break;
-        case Form::prefix:
-            return cutLastWord(option.name);
-        case Form::cut:
-            return cutEveryWord(option.name);
-    }
+    if (form == Form::prefix) return cutLastWord(option.name);
+    if (form == Form::cut) return cutEveryWord(option.name);
     return option.name;
 }
 
@@ -84,39 +78,19 @@ std::string typedName(const OptionSpec& option, Form form) {
 // an eighth, so that their sums are exact.
 std::string valueText(Kind kind, std::size_t index, bool hasDecimalPoint) {
     const std::string digits = std::to_string(index);
-    switch (kind) {
-        case Kind::onOff:
-            break;
-        case Kind::integer:
-            return std::to_string(index * 37 % 100003);
-        case Kind::text:
-            return "build/source-" + digits + ".txt";
-        case Kind::number:
-            return digits + (!hasDecimalPoint ? "" : index / 4 % 2 == 0 ? ".125" : ".75");
-        case Kind::list:
-            return "alpha" + digits + ",beta,gamma" + std::to_string(index % 100);
-    }
+    if (kind == Kind::integer) return std::to_string(index * 37 % 100003);
+    if (kind == Kind::text) return "build/source-" + digits + ".txt";
+    if (kind == Kind::number) return digits + (!hasDecimalPoint ? "" : index / 4 % 2 == 0 ? ".125" : ".75");
+    if (kind == Kind::list) return "alpha" + digits + ",beta,gamma" + std::to_string(index % 100);
     return {};
 }
 
 void addValue(Tally& tally, Kind kind, const std::string& value) {
-    switch (kind) {
-        case Kind::onOff:
-            ++tally.switches;
-            break;
-        case Kind::integer:
-            tally.add(std::stoi(value));
-            break;
-        case Kind::text:
-            tally.add(value);
-            break;
-        case Kind::number:
-            tally.add(std::stod(value));
-            break;
-        case Kind::list:
-            tally.addList(value);
-            break;
-    }
+    if (kind == Kind::onOff) ++tally.switches;
+    if (kind == Kind::integer) tally.add(std::stoi(value));
+    if (kind == Kind::text) tally.add(value);
+    if (kind == Kind::number) tally.add(std::stod(value));
+    if (kind == Kind::list) tally.addList(value);
 }
 
 // The option of the index-th argument: kinds take turns, and within a kind the walk jumps about but

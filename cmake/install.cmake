@@ -7,6 +7,9 @@ install(TARGETS vorn EXPORT vornTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
   ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
 )
+if(TARGET vorn_host)
+  install(TARGETS vorn_host EXPORT vornTargets ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
+endif()
 install(DIRECTORY include/ DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development
   FILES_MATCHING PATTERN "*.h"
 )
@@ -35,7 +38,9 @@ foreach(dir LIBDIR INCLUDEDIR)
     set(vornPc${dir} "\${prefix}/${CMAKE_INSTALL_${dir}}")
   endif()
 endforeach()
-configure_file(cmake/vorn.pc.in "${PROJECT_BINARY_DIR}/vorn.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/vorn.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
-  COMPONENT development
-)
+foreach(name vorn vorn-host)
+  configure_file("cmake/${name}.pc.in" "${PROJECT_BINARY_DIR}/${name}.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/${name}.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+    COMPONENT development
+  )
+endforeach()
