@@ -224,7 +224,7 @@ def ask_memory_and_size():
     goal(f"the help of {COUNTS[-1]} options", 1, help_text, "ms")
     if BITS == 32:
         goal("library, stripped", 160, size, "KiB")
-    tool = FOLDER / "bench_tool_companion"
+    tool = FOLDER / "bench_tool"
     if tool.exists():
         size = stripped_kibibytes(tool)
         rows.append(["a tool with the companion, stripped, KiB", figure(size)])
