@@ -5,9 +5,9 @@
 #include <deque>
 #include <random>
 
-#include "fuzz/plain_rules.h"
 #include "recognisers/decomposed_name.h"
 #include "recognisers/word_tree.h"
+#include "support/plain_rules.h"
 
 namespace vorn_3_1::internal {
 
