@@ -33,7 +33,7 @@ say "Sets of files: paths and --exclude belong to the --set in front of them."
 run 0 srcstat --set=library src include --exclude=host --set=tests tests
 
 say "Every word of a name may be cut short, and so may an allowed value; a list holds several."
-run 0 srcstat --lang=cp,cm --dep=1 --no-com-l --e-f --so=c src/core src/driver cmake
+run 0 srcstat --lang=cp,cm --dep=1 --no-com-l --e-f --so=c src/base src/parser cmake
 
 say "Arguments from a response file; what follows -- is a path, whatever it looks like."
 run 0 srcstat @examples/demo.args --set=build --no-b-l -- CMakeLists.txt

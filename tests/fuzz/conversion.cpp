@@ -5,8 +5,8 @@
 #include <cstring>
 #include <string>
 
-#include "fuzz/plain_rules.h"
 #include "options/option_description.h"
+#include "support/plain_rules.h"
 #include "text/number_text.h"
 
 using namespace vorn_3_1::internal;

@@ -2,7 +2,7 @@
 #ifndef VORN_TESTS_HOST_FIXTURE_H
 #define VORN_TESTS_HOST_FIXTURE_H
 
-#include "public/fixture.h"
+#include "support/fixture.h"
 #include "vorn/host.h"
 
 namespace vorn_3_1::host_tests {

@@ -1,8 +1,8 @@
 // How a typed name finds its option: by words, by prefixes, by the best score, or not at all.
 #include <map>
 
-#include "fixture.h"
-#include "fuzz/plain_rules.h"
+#include "support/fixture.h"
+#include "support/plain_rules.h"
 
 namespace vorn_3_1::public_tests {
 

@@ -1,7 +1,7 @@
 // What handlers hear, in which order, what their answers do, and what they may do meanwhile.
 #include <stdexcept>
 
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <new>
 
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 

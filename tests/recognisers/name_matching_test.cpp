@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <random>
 
-#include "fuzz/plain_rules.h"
 #include "options/registered_option_storage.h"
 #include "recognisers/name_search.h"
+#include "support/plain_rules.h"
 
 namespace vorn_3_1::internal {
 

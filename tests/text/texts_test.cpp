@@ -1,7 +1,7 @@
 // What keeps and finds texts.
 #include <gtest/gtest.h>
 
-#include "fuzz/plain_rules.h"
+#include "support/plain_rules.h"
 #include "text/garbage.h"
 #include "text/text_table.h"
 

@@ -1,7 +1,7 @@
 // The library's rules a second time, written for plainness and not for speed; what the fuzz targets and tests
 // compare with.
-#ifndef VORN_TESTS_FUZZ_PLAIN_RULES_H
-#define VORN_TESTS_FUZZ_PLAIN_RULES_H
+#ifndef VORN_TESTS_SUPPORT_PLAIN_RULES_H
+#define VORN_TESTS_SUPPORT_PLAIN_RULES_H
 
 #include <algorithm>
 #include <cstddef>

@@ -1,6 +1,6 @@
 // What the tests of the public interface share: a parser with its result, events written down, output caught.
-#ifndef VORN_TESTS_PUBLIC_FIXTURE_H
-#define VORN_TESTS_PUBLIC_FIXTURE_H
+#ifndef VORN_TESTS_SUPPORT_FIXTURE_H
+#define VORN_TESTS_SUPPORT_FIXTURE_H
 
 #include <gtest/gtest.h>
 

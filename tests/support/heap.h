@@ -1,6 +1,6 @@
 // Replaces the allocation functions of the test that includes it: what lives is counted, and requests may fail.
-#ifndef VORN_TESTS_FAULTS_HEAP_H
-#define VORN_TESTS_FAULTS_HEAP_H
+#ifndef VORN_TESTS_SUPPORT_HEAP_H
+#define VORN_TESTS_SUPPORT_HEAP_H
 
 #include <cstddef>
 #include <cstdlib>
