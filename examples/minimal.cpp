@@ -1,29 +1,24 @@
-// A host in thirty lines: minimal [options] input...
+// The smallest useful host: a number with a default, a path, a list, a switch, and files to read.
 #include <cstdio>
-#include <string_view>
+#include <string>
 
 #include "vorn/host.h"
 
-namespace host = vorn_3_1::host;
+namespace host = vorn::host;
 
 int main(int argc, char** argv) {
-    host::Parser parser;
-    parser.usage("Usage: minimal [options] input...");
-    parser.add<int>("level,l", "How hard to try.").allow(1, 2, 3).defaultTo(2).synonym("effort");
-    parser.add<std::string_view>("output-file,o", "Where the result goes.").defaultTo("out.bin");
-    parser.add<std::string_view>("tags", "Words that describe the result.").list(',');
-    parser.add<bool>("verbose", "Say what is done.").defaultTo(false);
-    parser.add<std::string_view>("input", "").positional();
+    host::Parser parser("minimal", "Shows what it was given.");
+    const auto level = parser.add<int>("level,l", "How hard to try.").range(1, 3).defaultTo(2).synonym("effort").key();
+    const auto output = parser.add<std::string>("output-file,o", "Where the result goes.").defaultTo("out.bin").key();
+    const auto tags = parser.add<std::string>("tags", "Words that describe the result.").list(',').key();
+    const auto verbose = parser.addSwitch("verbose", "Say what is done.").key();
+    const auto inputs = parser.addPositional<std::string>("input", "Files to read.").atLeast(0).key();
 
-    // Ends the process on a mistake (exit code 2) and for --help.
+    // Ends the process on a mistake (exit code 2), for --help and for --version.
     const host::Result result = parser.parseOrExit(argc, argv);
 
-    std::printf("level %d, to %s\n", *result.value<int>("level"),
-                result.value<std::string_view>("output-file")->data());
-    for (std::string_view input : result.values<std::string_view>("input")) {
-        std::printf("input %s\n", input.data());
-    }
-    if (*result.value<bool>("verbose")) {
-        std::printf("%zu tags\n", result.values<std::string_view>("tags").size());
-    }
+    std::printf("level %d, to %s\n", result[level], result[output].c_str());
+    for (const std::string& input : result[inputs])
+        std::printf("input %s\n", input.c_str());
+    if (result[verbose]) std::printf("%zu tags\n", result[tags].size());
 }

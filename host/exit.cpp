@@ -1,0 +1,58 @@
+// Parsing for a whole process: what a host's main calls.
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "help.h"
+#include "process_environment.h"
+#include "shown_text.h"
+#include "table.h"
+#include "vorn/host/parser.h"
+
+namespace vorn_3_1::host {
+
+namespace {
+
+constexpr int wrongUsage = 2;
+constexpr int unwritable = 1;
+
+void warn(const detail::Table& table, const std::string& text) {
+    const std::string line = detail::joined({detail::escaped(table.path()), ": ", text, "\n"});
+    std::fputs(line.c_str(), stderr);
+}
+
+/// Ends the process with what its user asked for. Whoever closes a pipe has seen enough.
+[[noreturn]] void show(const detail::Table& table, const std::string& text) {
+    errno = 0;
+    const bool isWritten =
+        std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+    if (isWritten || errno == EPIPE) std::exit(0);
+    warn(table, detail::joined({"cannot write to standard output: ", std::strerror(errno)}));
+    std::exit(unwritable);
+}
+
+}  // namespace
+
+Result Parser::parseOrExit(int argc, const char* const* argv) {
+    Outcome outcome = parse(detail::textsOf(argc, argv), detail::ProcessEnvironment());
+    const detail::Table& root = *table;
+    if (outcome.asked == Outcome::Asked::version) show(root, root.names + " " + root.versionText + "\n");
+    if (outcome.asked == Outcome::Asked::help) {
+        show(root, detail::helpText(*outcome.askedParser->table, outcome.all, 80, false));
+    }
+    for (const std::string& advice : outcome.warnings())
+        warn(root, "warning: " + advice);
+    if (outcome) return std::move(outcome.found);
+    warn(root, outcome.error().text());
+    const Parser* command = outcome.result().command();
+    const detail::Table& innermost = command != nullptr ? *command->table : root;
+    const detail::NameMeaning* help = innermost.find("help");
+    if (help != nullptr && innermost.records[help->index].isBuiltIn()) {
+        std::fputs(detail::joined({"Try '", detail::escaped(innermost.path()), " --help'.\n"}).c_str(),
+                   stderr);
+    }
+    std::exit(wrongUsage);
+}
+
+}  // namespace vorn_3_1::host

@@ -1,0 +1,183 @@
+#include "vorn/host/parser.h"
+
+#include <stdexcept>
+
+#include "parse.h"
+#include "process_environment.h"
+#include "result_data.h"
+#include "shown_text.h"
+#include "table.h"
+
+namespace vorn_3_1::host {
+
+namespace {
+
+class GivenEnvironment final : public detail::Environment {
+public:
+    explicit GivenEnvironment(const std::vector<Variable>& given) : variables(given) {}
+    const char* find(const std::string& name) const override {
+        for (const Variable& variable : variables) {
+            if (variable.name == name) return variable.value.c_str();
+        }
+        return nullptr;
+    }
+
+private:
+    const std::vector<Variable>& variables;
+};
+
+/// While it lives, no other parse of the parser can begin.
+class Busy {
+public:
+    explicit Busy(detail::Table& busy) : table(busy) {
+        if (table.isBusy) {
+            throw std::logic_error(
+                "vorn: the parser is parsing already; a check must not parse with the same parser");
+        }
+        table.isBusy = true;
+    }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+    ~Busy() { table.isBusy = false; }
+
+private:
+    detail::Table& table;
+};
+
+std::vector<detail::Argument> numbered(std::vector<std::string> texts) {
+    std::vector<detail::Argument> arguments;
+    arguments.reserve(texts.size());
+    for (std::string& text : texts) {
+        if (text.find('\0') != std::string::npos) {
+            throw std::invalid_argument("vorn: an argument holds a NUL character, which no command line can");
+        }
+        arguments.push_back({std::move(text), 0, static_cast<int>(arguments.size() + 1)});
+    }
+    return arguments;
+}
+
+}  // namespace
+
+namespace detail {
+
+std::vector<std::string> textsOf(int argc, const char* const* argv) {
+    std::vector<std::string> texts;
+    if (argc > 0 && argv == nullptr) throw std::invalid_argument("vorn: argv is null");
+    for (int i = 1; i < argc; ++i) {
+        if (argv[i] == nullptr) throw std::invalid_argument("vorn: an element of argv is null");
+        texts.emplace_back(argv[i]);
+    }
+    return texts;
+}
+
+}  // namespace detail
+
+Parser::Parser(Text program, Text description)
+    : table(new detail::Table(program, description, nullptr)), isOwner(true) {}
+
+Parser::Parser(detail::Table& command) : table(&command), isOwner(false) {}
+
+Parser::Parser(Parser&& other) noexcept
+    : table(std::exchange(other.table, nullptr)), isOwner(std::exchange(other.isOwner, false)) {}
+
+Parser& Parser::operator=(Parser&& other) noexcept {
+    std::swap(table, other.table);
+    std::swap(isOwner, other.isOwner);
+    return *this;
+}
+
+Parser::~Parser() {
+    if (isOwner) detail::release(table);
+}
+
+detail::Declaration Parser::declare(Text names, Text description, detail::What what,
+                                    const detail::TypeFacts& type) {
+    return {*table, table->enter(names, description, what, type)};
+}
+
+Parser& Parser::command(Text names, Text description) { return table->enterCommand(names, description).self; }
+
+Parser& Parser::group(Text title) {
+    table->group = table->keep(title);
+    return *this;
+}
+
+Parser& Parser::exclusive(std::initializer_list<AnyKey> keys) {
+    table->enterGroup(keys, false);
+    return *this;
+}
+
+Parser& Parser::oneOf(std::initializer_list<AnyKey> keys) {
+    table->enterGroup(keys, true);
+    return *this;
+}
+
+Parser& Parser::version(Text text) {
+    table->versionText = text;
+    ++table->changes;
+    return *this;
+}
+
+Parser& Parser::joinedShort() {
+    table->readsJoinedShort = true;
+    return *this;
+}
+
+Parser& Parser::responseFiles() {
+    table->readsResponseFiles = true;
+    return *this;
+}
+
+Parser& Parser::ignoreUnknown() {
+    table->ignoresUnknown = true;
+    return *this;
+}
+
+Parser& Parser::settings(Text path, Missing missing) {
+    table->settings.push_back({std::string(path), "", false, missing == Missing::allowed});
+    return *this;
+}
+
+Parser& Parser::settings(Text text, Text name) {
+    if (text.find('\0') != Text::npos) throw std::invalid_argument("vorn: settings hold a NUL character");
+    table->settings.push_back({std::string(text), std::string(name), true, false});
+    return *this;
+}
+
+Outcome Parser::parse(std::vector<std::string> texts, const detail::Environment& environment) {
+    if (table->isCommand()) throw std::logic_error("vorn: a command is parsed by its outermost parser");
+    const Busy busy(*table);
+    detail::Parse parse(*table, environment);
+    parse.run(numbered(std::move(texts)));
+    Outcome outcome;
+    outcome.mistakes = parse.errors();
+    outcome.advice = std::move(parse.findings.advice);
+    outcome.asked = parse.findings.asked;
+    outcome.all = parse.findings.asksForAll;
+    if (parse.findings.askedTable != nullptr) {
+        const bool isRoot = parse.findings.askedTable == table;
+        outcome.askedParser = isRoot ? this : &parse.findings.askedTable->self;
+    }
+    outcome.found = Result(parse.data.release());
+    return outcome;
+}
+
+Outcome Parser::parse(int argc, const char* const* argv, const std::vector<Variable>& environment) {
+    return parse(detail::textsOf(argc, argv), GivenEnvironment(environment));
+}
+
+Outcome Parser::parse(std::initializer_list<Text> arguments, const std::vector<Variable>& environment) {
+    return parse(std::vector<std::string>(arguments.begin(), arguments.end()), GivenEnvironment(environment));
+}
+
+Outcome Parser::parse(const std::vector<std::string>& arguments, const std::vector<Variable>& environment) {
+    return parse(arguments, GivenEnvironment(environment));
+}
+
+void Parser::verify() {
+    std::vector<std::string> faults;
+    table->collectFaults(faults);
+    if (!faults.empty()) throw RegistrationError(detail::listed(faults, "\n"));
+}
+
+}  // namespace vorn_3_1::host

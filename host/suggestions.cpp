@@ -1,0 +1,141 @@
+#include "suggestions.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "shown_text.h"
+
+namespace vorn_3_1::host::detail {
+
+namespace {
+
+constexpr std::size_t mostSuggestions = 3;
+
+/// Longer ones are not typing mistakes; comparing them would take its time.
+constexpr std::size_t longestTyped = 64;
+
+/// How many letters may be wrong in a text of this length before a suggestion is far-fetched.
+unsigned toleranceFor(std::size_t length) {
+    if (length <= 2) return 0;
+    if (length <= 5) return 1;
+    return length <= 8 ? 2 : 3;
+}
+
+std::vector<std::string_view> wordsOf(std::string_view name) {
+    std::vector<std::string_view> words;
+    for (std::size_t hyphen = name.find('-'); hyphen != std::string_view::npos; hyphen = name.find('-')) {
+        words.push_back(name.substr(0, hyphen));
+        name.remove_prefix(hyphen + 1);
+    }
+    words.push_back(name);
+    return words;
+}
+
+/// How far the typed word is from the word, or from a beginning of it.
+unsigned wordDistance(std::string_view typed, std::string_view word, unsigned most) {
+    unsigned best = distance(typed, word, most);
+    const std::size_t shortest = typed.size() > most ? typed.size() - most : 1;
+    for (std::size_t length = shortest; length < word.size() && length <= typed.size() + most; ++length) {
+        best = std::min(best, distance(typed, word.substr(0, length), most));
+    }
+    return best;
+}
+
+/// A name with what speaks against it.
+struct Candidate {
+    const std::string* name;
+    unsigned wrongLetters;
+    std::size_t leftOut;  ///< Words.
+};
+
+/// Lets each typed word stand for one of the name's words, in their order, with the fewest wrong letters. A small table
+/// over (typed words, words), as distance() has one over letters.
+unsigned alignWords(const std::vector<std::string_view>& typed, const std::vector<std::string_view>& words,
+                    unsigned most) {
+    const unsigned far = most + 1;
+    std::vector<unsigned> best(words.size() + 1, 0);
+    for (const std::string_view word : typed) {
+        std::vector<unsigned> next(words.size() + 1, far);
+        for (std::size_t k = 0; k < words.size(); ++k) {
+            const unsigned standing = best[k] > most ? far : best[k] + wordDistance(word, words[k], most);
+            next[k + 1] = std::min({next[k], standing, far});
+        }
+        best = std::move(next);
+    }
+    return best.back();
+}
+
+std::vector<std::string> bestOf(std::vector<Candidate> candidates) {
+    std::stable_sort(candidates.begin(), candidates.end(), [](const Candidate& left, const Candidate& right) {
+        return left.wrongLetters + left.leftOut < right.wrongLetters + right.leftOut;
+    });
+    std::vector<std::string> names;
+    for (const Candidate& candidate : candidates) {
+        if (names.size() < mostSuggestions) names.push_back(*candidate.name);
+    }
+    return names;
+}
+
+}  // namespace
+
+unsigned distance(std::string_view left, std::string_view right, unsigned most) {
+    const std::size_t gap =
+        left.size() > right.size() ? left.size() - right.size() : right.size() - left.size();
+    if (gap > most) return most + 1;
+    // Three rows of the usual table: a swap looks back two.
+    std::vector<unsigned> before(right.size() + 1);
+    std::vector<unsigned> last(right.size() + 1);
+    std::vector<unsigned> row(right.size() + 1);
+    for (std::size_t k = 0; k <= right.size(); ++k)
+        last[k] = static_cast<unsigned>(k);
+    for (std::size_t i = 1; i <= left.size(); ++i) {
+        row[0] = static_cast<unsigned>(i);
+        for (std::size_t k = 1; k <= right.size(); ++k) {
+            const unsigned change = left[i - 1] == right[k - 1] ? 0 : 1;
+            row[k] = std::min({last[k] + 1, row[k - 1] + 1, last[k - 1] + change});
+            const bool isSwap = i > 1 && k > 1 && left[i - 1] == right[k - 2] && left[i - 2] == right[k - 1];
+            if (isSwap) row[k] = std::min(row[k], before[k - 2] + 1);
+        }
+        before.swap(last);
+        last.swap(row);
+    }
+    return std::min(last.back(), most + 1);
+}
+
+std::vector<std::string> nearestNames(std::string_view typed, const std::vector<std::string>& names) {
+    if (typed.size() < 2 || typed.size() > longestTyped) return {};
+    const unsigned most = toleranceFor(typed.size());
+    const std::vector<std::string_view> words = wordsOf(typed);
+    std::vector<Candidate> candidates;
+    for (const std::string& name : names) {
+        const std::vector<std::string_view> own = wordsOf(name);
+        const unsigned byWords = own.size() >= words.size() ? alignWords(words, own, most) : most + 1;
+        const unsigned asWhole = distance(typed, name, most);
+        if (std::min(byWords, asWhole) > most) continue;
+        const bool isWhole = asWhole <= byWords;
+        candidates.push_back({&name, std::min(byWords, asWhole), isWhole ? 0 : own.size() - words.size()});
+    }
+    return bestOf(std::move(candidates));
+}
+
+std::vector<std::string> nearestTexts(std::string_view typed, const std::vector<std::string>& texts) {
+    if (typed.size() < 2 || typed.size() > longestTyped) return {};
+    const unsigned most = toleranceFor(typed.size());
+    std::vector<Candidate> candidates;
+    for (const std::string& text : texts) {
+        const unsigned wrong = wordDistance(typed, text, most);
+        if (wrong <= most) candidates.push_back({&text, wrong, 0});
+    }
+    return bestOf(std::move(candidates));
+}
+
+std::string quotedAlternatives(const std::vector<std::string>& texts) {
+    std::string all;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (i > 0) all += i + 1 == texts.size() ? " or " : ", ";
+        all += quoted(texts[i]);
+    }
+    return all;
+}
+
+}  // namespace vorn_3_1::host::detail

@@ -1,0 +1,388 @@
+#include "table.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "library.h"
+#include "shown_text.h"
+#include "value_reader.h"
+
+namespace vorn_3_1::host::detail {
+
+namespace {
+
+/// Keys of different parsers never look alike, dead parsers' included.
+unsigned nextId() {
+    static unsigned last = 0;
+    return ++last;
+}
+
+bool isLetterOrDigit(char character) {
+    const auto byte = static_cast<unsigned char>(character);
+    return byte >= 0x80 || (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
+           (byte >= 'a' && byte <= 'z');
+}
+
+[[noreturn]] void fail(std::string_view name, std::string_view fault) {
+    throw RegistrationError(joined({"'", escaped(name), "': ", fault}));
+}
+
+/// Why nobody could type the name, or null.
+const char* faultOf(std::string_view name) {
+    if (name.empty()) return "a name is empty";
+    if (name.front() == '-') return "a name is declared without its hyphens";
+    if (std::none_of(name.begin(), name.end(), isLetterOrDigit)) return "a name needs a letter or a digit";
+    for (const char character : name) {
+        const bool isBlank = static_cast<unsigned char>(character) <= ' ' || character == 0x7F;
+        if (isBlank || character == '=') return "a name cannot hold '=', blanks or control characters";
+    }
+    return nullptr;
+}
+
+template <class Each>
+void forEachName(std::string_view names, Each each) {
+    for (std::size_t comma = names.find(','); comma != std::string_view::npos; comma = names.find(',')) {
+        each(names.substr(0, comma));
+        names.remove_prefix(comma + 1);
+    }
+    each(names);
+}
+
+/// Where choices are few and short, they are what help calls the value.
+std::string choicesAsMetavar(const Record& record) {
+    constexpr std::size_t widest = 30;
+    const std::string all = listed(record.choiceTexts(), "|");
+    return all.size() <= widest ? all : record.type->metavar();
+}
+
+}  // namespace
+
+std::vector<std::string> Record::allNames() const {
+    std::vector<std::string> all;
+    forEachName(names, [&all](std::string_view name) { all.emplace_back(name); });
+    if (details) all.insert(all.end(), details->synonyms.begin(), details->synonyms.end());
+    return all;
+}
+
+std::vector<std::string> Record::choiceTexts() const {
+    if (areChoicesNamed()) return details->choices.names;
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; choices() != nullptr && i < choices()->size(); ++i)
+        texts.push_back(choices()->show(i));
+    return texts;
+}
+
+std::string hyphened(std::string_view name) { return (name.size() == 1 ? "-" : "--") + std::string(name); }
+
+std::string Record::shownName() const { return isOption() ? hyphened(firstName()) : metavar(); }
+
+std::string Record::metavar() const {
+    if (details && !details->metavar.empty()) return details->metavar;
+    if (isPositional()) return inCapitals(firstName());
+    return choices() != nullptr ? choicesAsMetavar(*this) : type->metavar();
+}
+
+std::string Record::shownValue(const Values& values, std::size_t index) const {
+    for (std::size_t i = 0; areChoicesNamed() && i < choices()->size(); ++i) {
+        if (values.isSame(index, *choices(), i)) return details->choices.names[i];
+    }
+    return values.show(index);
+}
+
+Table::Table(std::string_view tableNames, std::string_view about, Table* outside)
+    : id(nextId()),
+      outer(outside),
+      names(tableNames),
+      description(about),
+      self(*this),
+      index(&memory),
+      commandIndex(&memory) {}
+
+Table::~Table() = default;
+
+void release(Table* root) {
+    if (root != nullptr && --root->owners == 0) delete root;
+}
+
+std::string_view Table::keepJoined(std::string_view front, std::string_view text) {
+    const std::size_t size = front.size() + text.size();
+    char* kept = static_cast<char*>(memory.allocate(size + 1, 1));
+    front.copy(kept, front.size());
+    text.copy(kept + front.size(), text.size());
+    kept[size] = '\0';
+    return {kept, size};
+}
+
+unsigned Table::enter(std::string_view declared, std::string_view about, What what, const TypeFacts& type) {
+    constexpr std::size_t usual = 16;  // spares a parser of ordinary size all growing but one
+    if (records.empty()) records.reserve(usual);
+    const auto number = static_cast<unsigned>(records.size());
+    Record record;
+    record.names = keep(declared);
+    record.description = keep(about);
+    record.group = group;
+    record.type = &type;
+    record.what = what;
+    record.completion = type.completion;
+    record.takesRest = what == What::rest;
+    records.push_back(std::move(record));
+    ++changes;
+    if (isCommand() && !areNamesEntered) return number;
+    try {
+        enterNames(number);
+        checkRecord(records.back());
+    } catch (...) {
+        forgetNames(number);
+        records.pop_back();
+        throw;
+    }
+    return number;
+}
+
+Table& Table::enterCommand(std::string_view declared, std::string_view about) {
+    forEachName(declared, [&](std::string_view name) {
+        if (const char* fault = faultOf(name)) fail(name, fault);
+    });
+    if (hasPositionals())
+        fail(declared, "a parser with commands has no positional arguments; give them to the commands");
+    const auto number = static_cast<unsigned>(commands.size());
+    commands.push_back(std::make_unique<Table>(declared, about, this));
+    try {
+        forEachName(keep(declared), [&](std::string_view name) {
+            const bool isNew = commandIndex.try_emplace(name, number).second;
+            if (!isNew) fail(name, "there is a command of this name");
+        });
+    } catch (...) {
+        for (auto entry = commandIndex.begin(); entry != commandIndex.end();)
+            entry = entry->second == number ? commandIndex.erase(entry) : std::next(entry);
+        commands.pop_back();
+        throw;
+    }
+    ++changes;
+    return *commands.back();
+}
+
+/// A switch answers to the "no-" forms of its names, too.
+void Table::enterNames(unsigned number) {
+    const Record& record = records[number];
+    forEachName(record.names, [&](std::string_view name) { enterName(name, number); });
+    if (!record.details) return;
+    for (const std::string& name : record.details->synonyms)
+        enterName(name, number);
+}
+
+void Table::enterSynonym(std::string_view name, unsigned number) {
+    if (isCommand() && !areNamesEntered) return;  // seal does it
+    const std::size_t before = index.size();
+    try {
+        enterName(keep(name), number);
+    } catch (...) {
+        // A switch enters two forms, of which only the second may be taken.
+        if (index.size() > before) index.erase(name);
+        throw;
+    }
+}
+
+void Table::enterName(std::string_view name, unsigned number) {
+    if (const char* fault = faultOf(name)) fail(name, fault);
+    const bool isSwitch = records[number].what == What::toggle;
+    if (isSwitch && name.substr(0, 3) == "no-")
+        fail(name, "a switch of this name could only be switched off");
+    enterForm(name, {number, false});
+    if (isSwitch) enterForm(keepJoined("no-", name), {number, true});
+}
+
+void Table::enterForm(std::string_view form, NameMeaning meaning) {
+    const auto [place, isNew] = index.try_emplace(form, meaning);
+    if (isNew) return;
+    const Record& owner = records[place->second.index];
+    fail(form, joined({"this name is taken by '", escaped(owner.firstName()), "'; choose another one"}));
+}
+
+void Table::forgetNames(unsigned number) {
+    for (auto entry = index.begin(); entry != index.end();) {
+        entry = entry->second.index == number ? index.erase(entry) : std::next(entry);
+    }
+}
+
+const NameMeaning* Table::find(std::string_view name) const {
+    const auto found = index.find(name);
+    return found == index.end() ? nullptr : &found->second;
+}
+
+const unsigned* Table::findCommand(std::string_view name) const {
+    const auto found = commandIndex.find(name);
+    return found == commandIndex.end() ? nullptr : &found->second;
+}
+
+unsigned Table::indexOf(AnyKey key, const char* use) const {
+    if (key.parser == id && key.index < records.size()) return key.index;
+    throw RegistrationError(joined({use, ": the key belongs to another parser; use keys of this one"}));
+}
+
+void Table::enterGroup(std::initializer_list<AnyKey> keys, bool needsOne) {
+    RuleGroup entered = {{}, needsOne};
+    for (const AnyKey key : keys) {
+        const unsigned number = indexOf(key, "a rule for several options");
+        if (records[number].isRequired) {
+            fail(records[number].firstName(), "it is required, so that it cannot exclude another one");
+        }
+        entered.members.push_back(number);
+    }
+    groups.push_back(std::move(entered));
+    ++changes;
+}
+
+std::string Table::path() const {
+    const std::string own = names.substr(0, isCommand() ? names.find(',') : std::string::npos);
+    return isCommand() ? outer->path() + " " + own : own;
+}
+
+bool Table::hasPositionals() const {
+    return std::any_of(records.begin(), records.end(),
+                       [](const Record& record) { return record.isPositional(); });
+}
+
+void Table::recheck(unsigned number) {
+    if (!isCommand() || areNamesEntered) checkRecord(records[number]);
+}
+
+namespace {
+
+void checkChoices(const Record& record) {
+    const std::vector<std::string> texts = record.choiceTexts();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::string& name = texts[i];
+        if (name.empty()) fail(record.firstName(), "a choice is empty, and nobody could type it");
+        for (std::size_t k = 0; k < i; ++k) {
+            if (texts[k] == name) fail(record.firstName(), joined({"the choice '", name, "' stands twice"}));
+        }
+    }
+}
+
+void checkValues(const Record& record, const Values& values, std::string_view what) {
+    const Values* choices = record.choices();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        bool isAllowed = choices == nullptr;
+        for (std::size_t k = 0; choices != nullptr && k < choices->size(); ++k)
+            isAllowed = isAllowed || values.isSame(i, *choices, k);
+        if (!isAllowed) fail(record.firstName(), joined({"its ", what, " is not among the allowed values"}));
+        const bool isCut = record.separator != '\0' &&
+                           record.shownValue(values, i).find(record.separator) != std::string::npos;
+        if (isCut) fail(record.firstName(), joined({"its ", what, " holds the separator of the list"}));
+        const Refusal refusal = judgeValue(record, values, i, record.shownValue(values, i));
+        if (refusal) fail(record.firstName(), joined({"its ", what, ": ", refusal.sentence}));
+    }
+}
+
+void checkDetails(const Record& record) {
+    const Details& details = *record.details;
+    const std::string_view name = record.firstName();
+    const Limits& limits = details.limits;
+    if (limits.low && limits.high && limits.isLess(*limits.high, *limits.low, 0, 0)) {
+        fail(name, "the end of its range is below the beginning");
+    }
+    checkChoices(record);
+    if (details.implicit) checkValues(record, *details.implicit, "implicit value");
+    if (!details.defaults) return;
+    if (record.isRequired)
+        fail(name, "it is required, so that its default is never used; drop one of the two");
+    checkValues(record, *details.defaults, "default");
+}
+
+}  // namespace
+
+void Table::checkRecord(const Record& record) const {
+    const std::string_view name = record.firstName();
+    if (record.isRequired && record.isDeprecated)
+        fail(name, "it is required and deprecated; drop one of the two");
+    if (record.isOptional && record.takesRest) fail(name, "say atLeast(0) instead of optional()");
+    if (record.isPositional() && !commands.empty()) {
+        fail(name, "a parser with commands has no positional arguments; give them to the commands");
+    }
+    for (const Record& other : records) {
+        if (!record.isPositional()) break;
+        if (&other == &record || !other.isPositional()) continue;
+        if (other.what == What::rest || record.what == What::rest) {
+            fail(name, "rest takes everything from the first positional argument on; declare no other one");
+        }
+        if (other.takesRest && record.takesRest) {
+            fail(name, joined({"'", escaped(other.firstName()), "' takes all that is left already"}));
+        }
+    }
+    if (record.details) checkDetails(record);
+}
+
+/// What can only be said once everything is declared.
+void Table::checkWhole() const {
+    for (const Record& record : records) {
+        const std::string_view name = record.firstName();
+        if (record.hasValue() && !record.type->isTaught && !record.areChoicesNamed()) {
+            fail(name, "its type is not known; name its values with named(), or teach the type");
+        }
+        const bool isSingle = !record.collects();
+        if (isSingle && record.defaults() != nullptr && record.defaults()->size() != 1) {
+            fail(name, "it has several defaults and takes one value; make it a list");
+        }
+    }
+    for (const RuleGroup& rule : groups) {
+        for (const unsigned member : rule.members) {
+            if (records[member].isRequired) {
+                fail(records[member].firstName(), "it is required, so that it cannot exclude another one");
+            }
+        }
+    }
+}
+
+void Table::enterBuiltIns() {
+    const TypeFacts& flag = TypeFactsOf<bool>::facts;
+    const auto isThere = [this](What what) {
+        return std::any_of(records.begin(), records.end(),
+                           [what](const Record& record) { return record.what == what; });
+    };
+    if (!isThere(What::help) && find("help") == nullptr) {
+        enter(find("h") == nullptr ? "help,h" : "help", "Show this help and exit.", What::help, flag);
+    }
+    const bool hidesSome =
+        std::any_of(records.begin(), records.end(), [](const Record& record) { return record.isHidden; });
+    if (hidesSome && !isThere(What::helpAll) && find("help-all") == nullptr) {
+        enter("help-all", "Show the help with all options and exit.", What::helpAll, flag);
+    }
+    if (!versionText.empty() && !isThere(What::version) && find("version") == nullptr) {
+        enter("version", "Show the version and exit.", What::version, flag);
+    }
+}
+
+void Table::seal() {
+    if (isCommand() && !areNamesEntered) {
+        index.clear();
+        for (unsigned i = 0; i < records.size(); ++i)
+            enterNames(i);
+        areNamesEntered = true;
+    }
+    for (const Record& record : records)
+        checkRecord(record);
+    checkWhole();
+    for (const Table* further = outer; further != nullptr; further = further->outer) {
+        for (const Record& record : further->records) {
+            if (!record.isGlobal) continue;
+            for (const std::string& name : record.allNames()) {
+                if (find(name) != nullptr)
+                    fail(name, joined({"the global option '", name, "' has this name"}));
+            }
+        }
+    }
+    enterBuiltIns();
+}
+
+void Table::collectFaults(std::vector<std::string>& faults) {
+    try {
+        seal();
+    } catch (const RegistrationError& error) {
+        faults.push_back(isCommand() ? path() + ": " + error.what() : error.what());
+    }
+    for (const std::unique_ptr<Table>& command : commands)
+        command->collectFaults(faults);
+}
+
+}  // namespace vorn_3_1::host::detail

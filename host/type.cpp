@@ -1,0 +1,191 @@
+// Reading and showing the types that the companion knows. One rule under every locale: the classic digits and point.
+#include "vorn/host/type.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <system_error>
+
+#include "shown_text.h"
+
+namespace vorn_3_1::host::detail {
+
+Values::~Values() = default;
+Check::~Check() = default;
+Offer::~Offer() = default;
+
+template class TypedValues<bool>;
+template class TypedValues<int>;
+template class TypedValues<unsigned>;
+template class TypedValues<double>;
+template class TypedValues<std::string>;
+
+namespace {
+
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+
+std::string_view withoutSign(std::string_view text) {
+    const bool isSigned = !text.empty() && (text.front() == '+' || text.front() == '-');
+    return text.substr(isSigned ? 1 : 0);
+}
+
+/// std::from_chars knows no '+'.
+std::string_view withoutPlus(std::string_view text) {
+    return text.substr(!text.empty() && text[0] == '+' ? 1 : 0);
+}
+
+template <class T>
+std::string outOfRange(bool isNegative) {
+    return isNegative ? "is too small: at least " + KnownType<T>::show(std::numeric_limits<T>::lowest())
+                      : "is too large: at most " + KnownType<T>::show(std::numeric_limits<T>::max());
+}
+
+/// 0x1F and 1Fh, which the library reads for unsigned 64 bits. The digits, or nothing.
+std::string_view hexadecimalDigits(std::string_view text) {
+    if (text.substr(0, 2) == "0x" || text.substr(0, 2) == "0X") {
+        text.remove_prefix(2);
+    } else if (!text.empty() && (text.back() == 'h' || text.back() == 'H')) {
+        text.remove_suffix(1);
+    } else {
+        return {};
+    }
+    const bool areDigits = text.find_first_not_of("0123456789ABCDEFabcdef") == std::string_view::npos;
+    return areDigits ? text : std::string_view();
+}
+
+template <class T>
+std::string readInteger(std::string_view text, T& value) {
+    const std::string_view digits = withoutSign(text);
+    const bool isNegative = text.substr(0, 1) == "-";
+    int base = 10;
+    std::string_view number = withoutPlus(text);
+    if constexpr (std::is_unsigned_v<T> && sizeof(T) == 8) {
+        if (const std::string_view hexadecimal = hexadecimalDigits(text); !hexadecimal.empty()) {
+            base = 16;
+            number = hexadecimal;
+        }
+    }
+    if (base == 10 && (digits.empty() || !std::all_of(digits.begin(), digits.end(), isDigit))) {
+        return "is not a whole number";
+    }
+    if (std::is_unsigned_v<T> && isNegative) {
+        if (digits.find_first_not_of('0') != std::string_view::npos) return outOfRange<T>(true);
+        number = digits;
+    }
+    const auto end = std::from_chars(number.data(), number.data() + number.size(), value, base);
+    return end.ec == std::errc() ? std::string() : outOfRange<T>(isNegative);
+}
+
+/// Digits, a point among or beside them, and an exponent; no words such as "inf".
+bool isDecimal(std::string_view text) {
+    text = withoutSign(text);
+    const std::size_t exponent = text.find_first_of("eE");
+    std::string_view mantissa = text.substr(0, exponent);
+    if (exponent != std::string_view::npos) {
+        const std::string_view digits = withoutSign(text.substr(exponent + 1));
+        if (digits.empty() || !std::all_of(digits.begin(), digits.end(), isDigit)) return false;
+    }
+    const auto points = std::count(mantissa.begin(), mantissa.end(), '.');
+    const auto digits = std::count_if(mantissa.begin(), mantissa.end(), isDigit);
+    return points <= 1 && digits > 0 && static_cast<std::size_t>(points + digits) == mantissa.size();
+}
+
+}  // namespace
+
+template <class T>
+std::string KnownType<T>::read(std::string_view text, T& value) {
+    return readInteger(text, value);
+}
+
+template <class T>
+std::string KnownType<T>::show(const T& value) {
+    return std::to_string(value);
+}
+
+template <class T>
+const char* KnownType<T>::metavar() {
+    return "N";
+}
+
+template struct KnownType<signed char>;
+template struct KnownType<unsigned char>;
+template struct KnownType<short>;
+template struct KnownType<unsigned short>;
+template struct KnownType<int>;
+template struct KnownType<unsigned>;
+template struct KnownType<long>;
+template struct KnownType<unsigned long>;
+template struct KnownType<long long>;
+template struct KnownType<unsigned long long>;
+
+template <>
+std::string KnownType<bool>::read(std::string_view text, bool& value) {
+    for (const std::string_view yes : {"yes", "true", "on", "1"}) {
+        if (text == yes) return value = true, "";
+    }
+    for (const std::string_view no : {"no", "false", "off", "0"}) {
+        if (text == no) return value = false, "";
+    }
+    return "is neither yes nor no";
+}
+
+template <>
+std::string KnownType<bool>::show(const bool& value) {
+    return value ? "yes" : "no";
+}
+
+template <>
+const char* KnownType<bool>::metavar() {
+    return "yes|no";
+}
+
+template <>
+std::string KnownType<double>::read(std::string_view text, double& value) {
+    if (!isDecimal(text)) return "is not a number";
+    const std::string_view number = withoutPlus(text);
+    double found = 0.0;
+    const auto end = std::from_chars(number.data(), number.data() + number.size(), found);
+    // Out of range on the small side is as good as 0.
+    if (end.ec == std::errc::result_out_of_range) {
+        const std::size_t exponent = text.find_first_of("eE");
+        const bool isTiny = exponent != std::string_view::npos && text.substr(exponent + 1, 1) == "-";
+        if (!isTiny) return outOfRange<double>(text.front() == '-');
+        found = 0.0;
+    }
+    value = found;
+    return {};
+}
+
+template <>
+std::string KnownType<double>::show(const double& value) {
+    char digits[32];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value);
+    return std::string(digits, end.ptr);
+}
+
+template <>
+const char* KnownType<double>::metavar() {
+    return "NUMBER";
+}
+
+template <>
+std::string KnownType<std::string>::read(std::string_view text, std::string& value) {
+    value = text;
+    return {};
+}
+
+template <>
+std::string KnownType<std::string>::show(const std::string& value) {
+    return value;
+}
+
+template <>
+const char* KnownType<std::string>::metavar() {
+    return "TEXT";
+}
+
+template struct KnownType<bool>;
+template struct KnownType<double>;
+template struct KnownType<std::string>;
+
+}  // namespace vorn_3_1::host::detail

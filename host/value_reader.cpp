@@ -1,0 +1,145 @@
+#include "value_reader.h"
+
+#include "shown_text.h"
+#include "suggestions.h"
+
+namespace vorn_3_1::host::detail {
+
+namespace {
+
+constexpr std::size_t noChoice = static_cast<std::size_t>(-1);
+
+Refusal refuse(Error::Kind kind, std::string reason, std::string sentence) {
+    Refusal refusal;
+    refusal.kind = kind;
+    refusal.reason = std::move(reason);
+    refusal.sentence = std::move(sentence);
+    return refusal;
+}
+
+std::string about(std::string_view text, std::string_view says, const Record& record) {
+    return joined({quoted(text), " ", says, " '", record.shownName(), "'"});
+}
+
+/// "is too large" or "is too small", with the limit that the option has or else its type.
+Refusal beyond(const Record& record, std::string_view text, std::string_view says, std::string limit) {
+    const bool isLarge = says == "is too large";
+    const Values* own = nullptr;
+    if (record.details) own = (isLarge ? record.details->limits.high : record.details->limits.low).get();
+    if (own != nullptr) limit = (isLarge ? "at most " : "at least ") + own->show(0);
+    std::string sentence = about(text, joined({says, " for"}), record);
+    if (!limit.empty()) sentence += ": " + limit;
+    return refuse(Error::Kind::outOfRange, limit, sentence);
+}
+
+/// Words a reason that a type gives; see Type::read.
+Refusal unreadable(const Record& record, std::string_view text, const std::string& reason) {
+    for (const std::string_view beginning : {"is too large", "is too small"}) {
+        if (reason.compare(0, beginning.size(), beginning) != 0) continue;
+        const std::size_t limit = reason.find(": ");
+        return beyond(record, text, beginning, limit == std::string::npos ? "" : reason.substr(limit + 2));
+    }
+    if (reason.compare(0, 3, "is ") == 0) {
+        return refuse(Error::Kind::invalidValue, reason,
+                      joined({quoted(text), " ", shown(reason), ", which '", record.shownName(), "' takes"}));
+    }
+    return refuse(Error::Kind::invalidValue, reason,
+                  about(text, "is no value for", record) + ": " + shown(reason));
+}
+
+Refusal ambiguous(const Record& record, std::string_view text, std::vector<std::string> fitting) {
+    Refusal refusal = refuse(Error::Kind::ambiguousValue, "",
+                             about(text, "is ambiguous for", record) + ": " + shown(listed(fitting, ", ")));
+    refusal.candidates = std::move(fitting);
+    return refusal;
+}
+
+/// All choices where they are few, otherwise those that look like the text.
+Refusal notAllowed(const Record& record, std::string_view text) {
+    constexpr std::size_t few = 12;
+    const std::vector<std::string> texts = record.choiceTexts();
+    std::vector<std::string> near = nearestTexts(text, texts);
+    std::string sentence = about(text, "is not allowed for", record);
+    if (texts.size() <= few) {
+        sentence += ": " + shown(listed(texts, ", "));
+    } else if (!near.empty()) {
+        sentence += joined({"; did you mean ", quotedAlternatives(near), "?"});
+    }
+    Refusal refusal = refuse(Error::Kind::notAllowed, "", std::move(sentence));
+    refusal.candidates = std::move(near);
+    return refusal;
+}
+
+bool beginsWith(std::string_view text, std::string_view beginning) {
+    return text.substr(0, beginning.size()) == beginning;
+}
+
+/// A text in full counts first, then a beginning that fits one choice alone. Two names for one value are one choice.
+Refusal chooseByName(const Record& record, std::string_view text, Values& values) {
+    const Values& choices = *record.choices();
+    const std::vector<std::string> texts = record.choiceTexts();
+    std::size_t chosen = noChoice;
+    std::vector<std::string> fitting;
+    bool isUnique = true;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (texts[i] == text) return values.take(choices, i), Refusal();
+        if (!beginsWith(texts[i], text)) continue;
+        fitting.push_back(texts[i]);
+        if (chosen == noChoice) chosen = i;
+        isUnique = isUnique && choices.isSame(chosen, choices, i);
+    }
+    if (chosen == noChoice) return notAllowed(record, text);
+    if (!isUnique) return ambiguous(record, text, std::move(fitting));
+    values.take(choices, chosen);
+    return {};
+}
+
+Refusal readAllowed(const Record& record, std::string_view text, Values& values) {
+    const std::string reason = values.read(text);
+    if (!reason.empty()) return unreadable(record, text, reason);
+    const Values& choices = *record.choices();
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        if (values.isSame(values.size() - 1, choices, i)) return {};
+    }
+    values.dropLast();
+    return notAllowed(record, text);
+}
+
+Refusal readByType(const Record& record, std::string_view text, Values& values) {
+    if (record.choices() != nullptr) {
+        const bool byName = record.areChoicesNamed() || record.type->isText;
+        return byName ? chooseByName(record, text, values) : readAllowed(record, text, values);
+    }
+    const std::string reason = values.read(text);
+    return reason.empty() ? Refusal() : unreadable(record, text, reason);
+}
+
+}  // namespace
+
+Refusal readValue(const Record& record, std::string_view text, Values& values) {
+    Refusal refusal = readByType(record, text, values);
+    if (refusal) return refusal;
+    refusal = judgeValue(record, values, values.size() - 1, text);
+    if (refusal) values.dropLast();
+    return refusal;
+}
+
+Refusal judgeValue(const Record& record, const Values& values, std::size_t index, std::string_view text) {
+    if (!record.details) return {};
+    const Limits& limits = record.details->limits;
+    if (limits.low && limits.isLess(values, *limits.low, index, 0)) {
+        return beyond(record, text, "is too small", "");
+    }
+    if (limits.high && limits.isLess(*limits.high, values, 0, index)) {
+        return beyond(record, text, "is too large", "");
+    }
+    for (const Owned<Check>& check : record.details->checks) {
+        const std::string reason = check->judge(values, index);
+        if (reason.empty()) continue;
+        return refuse(Error::Kind::refused, reason,
+                      about(text, "is refused for", record) + ": " + shown(reason));
+    }
+    return {};
+}
+
+}  // namespace vorn_3_1::host::detail
