@@ -99,7 +99,7 @@ public:
     template <class T>
     std::optional<T> value(Text name) const {
         const detail::Stretch found = stretch(find(name, detail::TypeFactsOf<T>::facts), {}, true);
-        if (found.values == nullptr) return std::nullopt;
+        if (found.begin == found.end) return std::nullopt;
         return T(items<T>(*found.values)[found.end - 1]);
     }
     template <class T>
