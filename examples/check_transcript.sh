@@ -4,6 +4,7 @@
 set -euo pipefail
 PATH=$(cd "$1" && pwd):$PATH
 cd "$(dirname "${BASH_SOURCE[0]}")"
+export COLUMNS=80
 
 replay() {
     local line code
