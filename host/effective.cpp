@@ -67,7 +67,7 @@ std::string Parser::effective(const Result& result) const {
     std::string text;
     for (unsigned i = 0; i < table->records.size(); ++i) {
         const Record& record = table->records[i];
-        if (!record.isOption() || record.isBuiltIn()) continue;
+        if (!record.isOption() || record.isBuiltIn() || record.isOnlyTyped) continue;
         const AnyKey key = {table->id, i};
         const Values* values =
             result.data != nullptr && result.data->level(key) != nullptr ? result.read(key) : nullptr;
