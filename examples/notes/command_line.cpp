@@ -29,7 +29,9 @@ List::List(host::Parser& outer)
 
 Remove::Remove(host::Parser& outer)
     : parser(outer.command("remove,rm", "Removes notes.")),
-      force(parser.addFlag("force,f", "Do not complain about notes that are not there.").key()),
+      force(parser.addFlag("force,f", "Do not complain about notes that are not there.")
+                .onlyOnCommandLine()
+                .key()),
       ids(parser.addPositional<int>("id", "Which notes.").atLeast(1).key()) {}
 
 CommandLine::CommandLine()
@@ -40,8 +42,10 @@ CommandLine::CommandLine()
                 .environment("NOTES_STORE")
                 .global()
                 .key()),
-      showsSettings(
-          parser.addFlag("show-settings", "Show what is in force, and where it comes from.").global().key()),
+      showsSettings(parser.addFlag("show-settings", "Show what is in force, and where it comes from.")
+                        .onlyOnCommandLine()
+                        .global()
+                        .key()),
       add(parser),
       list(parser),
       remove(parser) {

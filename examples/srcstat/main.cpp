@@ -27,12 +27,10 @@ namespace {
 
 enum class Order { name, code, lines };
 
-constexpr const char* whichFiles = "Which files are counted";
-constexpr const char* howReported = "How they are reported";
 constexpr const char* aboutSets =
     "Begins a named set of files, which has its own line in the report. Paths and --exclude belong to the "
-    "set that "
-    "they follow; in front of the first set, --exclude holds for all.";
+    "set "
+    "that they follow; in front of the first set, --exclude holds for all.";
 
 /// The whole command line in one place: what is declared, and the keys that read it.
 struct CommandLine {
@@ -42,47 +40,40 @@ struct CommandLine {
         parser.addPositional<fs::path>("path", "Files and folders.").atLeast(0).defaultTo(".").key();
 
     host::Key<std::vector<std::string>> languages =
-        parser.add<std::string>("language", "Count these languages only.")
+        parser.group("Which files are counted")
+            .add<std::string>("language", "Count these languages only.")
             .allow("cpp", "python", "shell", "cmake")
             .list(',')
-            .group(whichFiles)
             .key();
     host::Key<std::vector<std::string>> sets =
-        parser.add<std::string>("set", aboutSets).metavar("NAME").repeated().group(whichFiles).key();
+        parser.add<std::string>("set", aboutSets).metavar("NAME").repeated().key();
     host::Key<std::vector<std::string>> excluded =
         parser.add<std::string>("exclude,x", "Leave out paths that contain one of these texts.")
             .synonym("skip")
             .list(',')
-            .group(whichFiles)
             .key();
     host::Key<std::optional<int>> depth =
-        parser.add<int>("depth", "Enter folders to this depth only.").minimum(1).group(whichFiles).key();
+        parser.add<int>("depth", "Enter folders to this depth only.").minimum(1).key();
     host::Key<host::ByteSize> sizeLimit = parser.add<host::ByteSize>("size-limit", "Leave out larger files.")
                                               .defaultTo({16 << 20})
                                               .hidden()
-                                              .group(whichFiles)
                                               .key();
 
-    host::Key<bool> eachFile = parser.addSwitch("each-file", "Show every file.").group(howReported).key();
+    host::Key<bool> eachFile =
+        parser.group("How they are reported").addSwitch("each-file", "Show every file.").key();
     host::Key<Order> order =
         parser.add<Order>("sort", "Order of the files.")
             .named({{"name", Order::name}, {"code", Order::code}, {"lines", Order::lines}})
             .defaultTo(Order::name)
-            .group(howReported)
             .key();
-    host::Key<bool> comments = parser.addSwitch("comment-lines,c", "Show how many lines are comments.")
-                                   .defaultTo(true)
-                                   .group(howReported)
-                                   .key();
-    host::Key<bool> blanks = parser.addSwitch("blank-lines,b", "Show how many lines are blank.")
-                                 .defaultTo(true)
-                                 .group(howReported)
-                                 .key();
+    host::Key<bool> comments =
+        parser.addSwitch("comment-lines,c", "Show how many lines are comments.").defaultTo(true).key();
+    host::Key<bool> blanks =
+        parser.addSwitch("blank-lines,b", "Show how many lines are blank.").defaultTo(true).key();
     host::Key<std::string> colour = parser.add<std::string>("colour", "When to use colours.")
                                         .allow("auto", "always", "never")
                                         .implicit("always")
                                         .defaultTo("auto")
-                                        .group(howReported)
                                         .key();
 
     CommandLine() { parser.version("3.1").joinedShort().responseFiles(); }
@@ -95,14 +86,14 @@ struct FileSet {
     std::vector<std::string> excluded;
 };
 
-/// Cuts the command line at every --set. What stands in front of the first one, the default path included, is a set
-/// without a name of its own.
+/// Cuts the command line at every --set. What stands in front of the first one is a set without a name of its own.
 std::vector<FileSet> setsOf(const CommandLine& line, const host::Result& result) {
     const std::vector<host::Given<std::string>> cuts = result.given(line.sets);
     const auto end = [&cuts](std::size_t i) { return i < cuts.size() ? cuts[i].position : INT_MAX; };
     const std::vector<std::string> excludedFromAll = result.values(line.excluded, host::before(end(0)));
     std::vector<FileSet> sets = {{"files", result.values(line.paths, host::before(end(0))), excludedFromAll}};
-    if (!cuts.empty() && sets.front().paths.empty()) sets.clear();
+    const bool isDefault = result.given(line.paths, host::before(end(0))).empty();
+    if (!cuts.empty() && isDefault) sets.clear();
     for (std::size_t i = 0; i < cuts.size(); ++i) {
         const host::Range stretch = host::between(end(i), end(i + 1));
         sets.push_back({cuts[i].value, result.values(line.paths, stretch), excludedFromAll});
