@@ -1,12 +1,40 @@
 #include "command_line.h"
 
+#include <cstdlib>
+#include <set>
+
 #include "store.h"
 
 namespace notes {
 
+namespace {
+
+// What shells offer. They ask before anything is parsed, so that settings say nothing yet.
+std::vector<Note> notesAtHand() {
+    const char* store = std::getenv("NOTES_STORE");
+    return readNotes(store != nullptr && *store != '\0' ? store : "notes.txt");
+}
+
+std::vector<std::string> labelsInUse(std::string_view) {
+    std::set<std::string> labels;
+    for (const Note& note : notesAtHand())
+        labels.insert(note.labels.begin(), note.labels.end());
+    return {labels.begin(), labels.end()};
+}
+
+std::vector<std::string> idsInUse(std::string_view) {
+    std::vector<std::string> ids;
+    for (const Note& note : notesAtHand())
+        ids.push_back(std::to_string(note.id));
+    return ids;
+}
+
+}  // namespace
+
 Add::Add(host::Parser& outer)
     : parser(outer.command("add", "Adds notes.")),
       labels(parser.add<std::string>("label,l", "Words for the notes that follow, up to the next --label.")
+                 .completes(labelsInUse)
                  .list(',')
                  .key()),
       texts(parser.addPositional<std::string>("text", "What a note says.").atLeast(1).key()) {}
@@ -15,6 +43,7 @@ List::List(host::Parser& outer)
     : parser(outer.command("list,show", "Lists notes.")),
       only(parser.add<std::string>("only", "Notes with one of these labels only.")
                .metavar("LABEL")
+               .completes(labelsInUse)
                .list(',')
                .key()),
       order(parser.add<Order>("sort", "What comes first.")
@@ -32,7 +61,7 @@ Remove::Remove(host::Parser& outer)
       force(parser.addFlag("force,f", "Do not complain about notes that are not there.")
                 .onlyOnCommandLine()
                 .key()),
-      ids(parser.addPositional<int>("id", "Which notes.").atLeast(1).key()) {}
+      ids(parser.addPositional<int>("id", "Which notes.").completes(idsInUse).atLeast(1).key()) {}
 
 CommandLine::CommandLine()
     : parser("notes", "Keeps notes in a text file."),
