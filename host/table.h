@@ -160,6 +160,8 @@ public:
     std::string names;                           ///< The program's name; of a command, all of its names.
     std::string description;
     std::string versionText;
+    std::string epilogue;
+    Colours colours = Colours::automatic;
     std::vector<Record> records;
     std::vector<std::unique_ptr<Table>> commands;
     std::vector<RuleGroup> groups;
