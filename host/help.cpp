@@ -108,7 +108,6 @@ std::vector<std::string> excludedBy(const Table& table, unsigned index) {
 void describeDetails(const Table& table, const Record& record, const Environment& environment,
                      OptionInfo& info) {
     const Details& details = *record.details;
-    info.group = details.group;
     info.choices = record.choiceTexts();
     info.defaults = defaultsOf(record);
     if (details.limits.low) info.lowest = record.shownValue(*details.limits.low, 0);
@@ -129,6 +128,7 @@ OptionInfo infoOf(const Table& table, unsigned index, const Environment& environ
     info.forms = formsOf(record, info.names);
     if (record.hasValue()) info.metavar = record.metavar();
     info.description = record.description;
+    if (!record.isBuiltIn()) info.group = record.group;
     info.separator = record.separator;
     info.takesRest = record.takesRest;
     info.atLeast = record.takesRest ? record.atLeast : record.what == What::positional ? 1 : 0;
