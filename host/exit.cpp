@@ -8,6 +8,7 @@
 #include "process_environment.h"
 #include "shown_text.h"
 #include "table.h"
+#include "terminal.h"
 #include "vorn/host/parser.h"
 
 namespace vorn_3_1::host {
@@ -37,9 +38,15 @@ void warn(const detail::Table& table, const std::string& text) {
 Result Parser::parseOrExit(int argc, const char* const* argv) {
     Outcome outcome = parse(detail::textsOf(argc, argv), detail::ProcessEnvironment());
     const detail::Table& root = *table;
-    if (outcome.asked == Outcome::Asked::version) show(root, root.names + " " + root.versionText + "\n");
+    if (outcome.asked == Outcome::Asked::version) {
+        const detail::Table& asked = *outcome.askedParser->table;
+        show(root, detail::joined({asked.path(), " ", asked.versionText, "\n"}));
+    }
     if (outcome.asked == Outcome::Asked::help) {
-        show(root, detail::helpText(*outcome.askedParser->table, outcome.all, 80, false));
+        const HelpPage page =
+            detail::helpPage(*outcome.askedParser->table, outcome.all, detail::ProcessEnvironment());
+        show(root,
+             detail::terminalHelp(page, detail::outputColumns(), detail::outputHasColours(root.colours)));
     }
     for (const std::string& advice : outcome.warnings())
         warn(root, "warning: " + advice);

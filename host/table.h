@@ -166,6 +166,8 @@ public:
     std::string names;                           ///< The program's name; of a command, all of its names.
     std::string description;
     std::string versionText;
+    std::string epilogue;
+    Colours colours = Colours::automatic;
     std::string_view group;  ///< Of what is declared next.
     std::vector<Record> records;
     std::vector<std::unique_ptr<Table>> commands;
