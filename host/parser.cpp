@@ -113,6 +113,11 @@ Parser& Parser::version(Text text) {
     return *this;
 }
 
+Parser& Parser::completion(Text name) {
+    table->completionName = name;
+    return *this;
+}
+
 Parser& Parser::joinedShort() {
     table->readsJoinedShort = true;
     return *this;
