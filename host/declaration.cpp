@@ -134,7 +134,7 @@ void Declaration::setMetavar(Text name) const {
 }
 
 void Declaration::setGroup(Text title) const {
-    change(*table, index, detailsOf(*table, index).group, std::string(title));
+    change(*table, index, table->records[index].group, table->keep(title));
 }
 
 void Declaration::setHidden() const { change(*table, index, table->records[index].isHidden, true); }
@@ -149,6 +149,10 @@ void Declaration::addNeed(AnyKey other) const {
     const unsigned needed = table->indexOf(other, use.c_str());
     detailsOf(*table, index).needs.push_back(needed);
     ++table->changes;
+}
+
+void Declaration::setOnlyOnCommandLine() const {
+    change(*table, index, table->records[index].isOnlyTyped, true);
 }
 
 void Declaration::setGlobal() const { change(*table, index, table->records[index].isGlobal, true); }

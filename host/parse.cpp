@@ -196,12 +196,13 @@ void Parse::readStage(Stage& read) {
 Slot& Parse::slotFor(const Table& table, unsigned index, unsigned rank) {
     Level& level = data->level(table);
     std::unique_ptr<Slot>& slot = level.slots[index];
-    if (slot == nullptr) slot = std::make_unique<Slot>();
-    if (slot->values == nullptr) slot->values.reset(table.records[index].type->make());
-    if (slot->rank < rank) {
-        slot->clear();
-        slot->rank = rank;
+    if (slot == nullptr || (slot->rank < rank && !slot->isEmpty())) {
+        auto higher = std::make_unique<Slot>();
+        higher->lower = std::move(slot);
+        slot = std::move(higher);
     }
+    if (slot->values == nullptr) slot->values.reset(table.records[index].type->make());
+    slot->rank = std::max(slot->rank, rank);
     return *slot;
 }
 

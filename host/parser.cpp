@@ -97,6 +97,11 @@ detail::Declaration Parser::declare(Text names, Text description, detail::What w
 
 Parser& Parser::command(Text names, Text description) { return table->enterCommand(names, description).self; }
 
+Parser& Parser::group(Text title) {
+    table->group = table->keep(title);
+    return *this;
+}
+
 Parser& Parser::exclusive(std::initializer_list<AnyKey> keys) {
     table->enterGroup(keys, false);
     return *this;

@@ -13,6 +13,7 @@ namespace detail {
 void Slot::clear() {
     if (values) values->clear();
     places.clear();
+    lower.reset();
 }
 
 bool Level::isGiven(unsigned index) const {
@@ -87,6 +88,16 @@ Found find(const ResultData* data, AnyKey key) {
     return {&level->table->records[key.index], slot != nullptr && !slot->isEmpty() ? slot : nullptr};
 }
 
+Stretch stretchOf(const Slot& slot, Range range) {
+    const std::vector<Place>& places = slot.places;
+    const auto isBefore = [](const Place& place, int position) { return place.position < position; };
+    const auto begin = std::lower_bound(places.begin(), places.end(), range.low, isBefore);
+    const auto end =
+        range.high == INT_MAX ? places.end() : std::lower_bound(begin, places.end(), range.high, isBefore);
+    return {slot.values.get(), &slot, static_cast<std::size_t>(begin - places.begin()),
+            static_cast<std::size_t>(end - places.begin())};
+}
+
 }  // namespace
 
 }  // namespace detail
@@ -113,23 +124,19 @@ const detail::Values& Result::readOne(AnyKey key) const {
     return *values;
 }
 
+/// Where the stretch reaches back to before the first argument and the layer in force has nothing in it, a lower one
+/// does: each file of `tool a.c -O2 b.c` gets its own level, the first one the default.
 detail::Stretch Result::stretch(AnyKey key, Range range, bool withDefault) const {
     const detail::Found found = detail::find(data, key);
     if (found.record == nullptr) return {};
-    if (found.slot == nullptr) {
-        const detail::Values* values =
-            withDefault && range.low <= 0 ? detail::defaultOf(*found.record) : nullptr;
-        return values != nullptr && range.high > 0 ? detail::Stretch{values, 0, values->size()}
-                                                   : detail::Stretch{};
+    for (const detail::Slot* slot = found.slot; slot != nullptr; slot = slot->lower.get()) {
+        const detail::Stretch part = detail::stretchOf(*slot, range);
+        if (part.begin < part.end) return part;
+        if (range.low > 0) return {};
     }
-    const std::vector<detail::Place>& places = found.slot->places;
-    const auto isBefore = [](const detail::Place& place, int position) { return place.position < position; };
-    const auto begin = std::lower_bound(places.begin(), places.end(), range.low, isBefore);
-    const auto end =
-        range.high == INT_MAX ? places.end() : std::lower_bound(begin, places.end(), range.high, isBefore);
-    if (begin >= end) return {};
-    return {found.slot->values.get(), static_cast<std::size_t>(begin - places.begin()),
-            static_cast<std::size_t>(end - places.begin())};
+    const detail::Values* values = withDefault ? detail::defaultOf(*found.record) : nullptr;
+    const bool isIn = values != nullptr && range.low <= 0 && range.high > 0;
+    return isIn ? detail::Stretch{values, nullptr, 0, values->size()} : detail::Stretch{};
 }
 
 bool Result::isGiven(AnyKey key) const {
@@ -144,12 +151,12 @@ Origin Result::origin(AnyKey key) const {
     return {hasDefault ? Origin::Layer::defaulted : Origin::Layer::none, "", 0};
 }
 
-int Result::position(AnyKey key, std::size_t index) const {
-    return detail::find(data, key).slot->places[index].position;
+int Result::position(const detail::Stretch& stretch, std::size_t index) {
+    return stretch.slot->places[index].position;
 }
 
-Origin Result::origin(AnyKey key, std::size_t index) const {
-    return data->origin(detail::find(data, key).slot->places[index]);
+Origin Result::origin(const detail::Stretch& stretch, std::size_t index) const {
+    return data->origin(stretch.slot->places[index]);
 }
 
 namespace {

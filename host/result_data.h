@@ -31,12 +31,12 @@ struct Place {
     int line;
 };
 
-/// The values of one declaration, all from one source of values, with a place for each.
+/// The values of one declaration, all from one layer, with a place for each.
 struct Slot {
     std::unique_ptr<Values> values;
     std::vector<Place> places;
-    unsigned rank = 0;        ///< Of the source: what has a higher one replaces all values.
-    bool wasRefused = false;  ///< A mistake of its own has been reported, so that it is not missing as well.
+    unsigned rank = 0;            ///< Of the layer: a higher one replaces all values.
+    std::unique_ptr<Slot> lower;  ///< What was replaced; it stands before the first argument.
 
     bool isEmpty() const { return places.empty(); }
     void clear();

@@ -115,6 +115,7 @@ unsigned Table::enter(std::string_view declared, std::string_view about, What wh
     Record record;
     record.names = keep(declared);
     record.description = keep(about);
+    record.group = group;
     record.type = &type;
     record.what = what;
     record.completion = type.completion;

@@ -34,7 +34,6 @@ struct Limits {
 struct Details {
     std::vector<std::string> synonyms;
     std::string metavar;
-    std::string group;
     std::string environment;
     std::string instead;  ///< Of a deprecated option: what to use.
     Choices choices;
@@ -50,6 +49,7 @@ struct Details {
 struct Record {
     std::string_view names;  ///< As declared; the table keeps the text.
     std::string_view description;
+    std::string_view group;  ///< The heading in help.
     const TypeFacts* type;
     Owned<Details> details;  ///< Null at first.
     unsigned atLeast = 0;    ///< Of a positional argument that takes the rest.
@@ -63,6 +63,7 @@ struct Record {
     bool isHidden = false;
     bool isDeprecated = false;
     bool isGlobal = false;
+    bool isOnlyTyped = false;  ///< Only the command line may have it.
 
     std::string_view firstName() const { return names.substr(0, names.find(',')); }
     std::vector<std::string> allNames() const;
@@ -143,6 +144,9 @@ public:
     /// The record that a key names. Throws RegistrationError if the key is another parser's.
     unsigned indexOf(AnyKey key, const char* use) const;
 
+    /// A copy that lives as long as the table.
+    std::string_view keep(std::string_view text);
+
     bool isCommand() const { return outer != nullptr; }
     Table& root() { return outer != nullptr ? outer->root() : *this; }
     /// "nctl remove": the commands that lead here.
@@ -161,6 +165,7 @@ public:
     std::string description;
     std::string versionText;
     std::string completionName = "completion";  ///< Of the hidden option; empty if there is none.
+    std::string_view group;                     ///< Of what is declared next.
     std::vector<Record> records;
     std::vector<std::unique_ptr<Table>> commands;
     std::vector<RuleGroup> groups;
@@ -176,7 +181,6 @@ public:
     Parser self;                       ///< What a host holds of a command.
 
 private:
-    std::string_view keep(std::string_view text);
     std::string_view keepJoined(std::string_view front, std::string_view text);
     void enterNames(unsigned index);
     void enterName(std::string_view name, unsigned index);

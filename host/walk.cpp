@@ -220,6 +220,7 @@ void Walk::takeNamed() {
 void Walk::takeFound(const Meaning& meaning, std::string_view name, std::string_view value, bool hasSign) {
     const Record& record = meaning.record();
     findings.advise(record);
+    if (over == Over::settings && record.isOnlyTyped) return fail(record, onlyOnCommandLine(record));
     if (record.what == What::option) return takeValue(meaning, name, value, hasSign);
     if (hasSign) return fail(record, takesNoValue(record));
     if (record.isBuiltIn()) return takeBuiltIn(record, *meaning.table);

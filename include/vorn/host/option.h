@@ -69,6 +69,7 @@ public:
     void setDeprecated(Text instead) const;
     void addNeed(AnyKey other) const;
     void setGlobal() const;
+    void setOnlyOnCommandLine() const;
     void setCompletion(Completion kind) const;
     void setOffer(Owned<Offer> offer) const;
 
@@ -243,7 +244,7 @@ public:
         return *this;
     }
 
-    /// The heading that help shows it under.
+    /// The heading that help shows it under; Parser::group sets it for several.
     Option group(Text title) const {
         declaration.setGroup(title);
         return *this;
@@ -264,6 +265,12 @@ public:
     /// Whoever gives it has to give the other one, too.
     Option needs(AnyKey other) const {
         declaration.addNeed(other);
+        return *this;
+    }
+
+    /// Is refused in settings, and left out of Parser::effective: --show-settings, --force.
+    Option onlyOnCommandLine() const {
+        declaration.setOnlyOnCommandLine();
         return *this;
     }
 

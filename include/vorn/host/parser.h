@@ -92,6 +92,9 @@ public:
     /// and what follows is the command's. Commands may have commands.
     Parser& command(Text names, Text description);
 
+    /// The heading that help shows above what is declared from here on.
+    Parser& group(Text title);
+
     // Rules.
 
     /// At most one of them may be given.

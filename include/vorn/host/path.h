@@ -14,12 +14,9 @@ namespace vorn_3_1::host {
 
 template <>
 struct Type<std::filesystem::path> {
-    static std::string read(std::string_view text, std::filesystem::path& value) {
-        value = text;
-        return {};
-    }
-    static std::string show(const std::filesystem::path& value) { return value.string(); }
-    static const char* metavar() { return "PATH"; }
+    static std::string read(std::string_view text, std::filesystem::path& value);
+    static std::string show(const std::filesystem::path& value);
+    static const char* metavar();
 };
 
 namespace detail {
@@ -28,6 +25,8 @@ template <>
 struct CompletionOf<std::filesystem::path> {
     static constexpr Completion kind = Completion::files;
 };
+
+extern template class TypedValues<std::filesystem::path>;
 
 }  // namespace detail
 }  // namespace vorn_3_1::host

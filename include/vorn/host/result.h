@@ -31,8 +31,12 @@ namespace detail {
 
 class ResultData;
 
+struct Slot;
+
+/// Neighbouring values of one option.
 struct Stretch {
     const Values* values = nullptr;  ///< Null if there is nothing.
+    const Slot* slot = nullptr;      ///< Null for a default.
     std::size_t begin = 0;
     std::size_t end = 0;
 };
@@ -82,10 +86,17 @@ public:
         return givenIn<typename Key<T>::Element>(key, range);
     }
 
-    /// The values in the range; the default stands before the first argument.
+    /// The values in the range. Lower layers and the default stand before the first argument: they are read where the
+    /// range begins at 0 and holds nothing of a higher layer.
     template <class T>
     std::vector<typename Key<T>::Element> values(Key<T> key, Range range = {}) const {
         return valuesIn<typename Key<T>::Element>(stretch(key, range, true));
+    }
+
+    /// The last of them, if there is one.
+    template <class T>
+    std::optional<typename Key<T>::Element> value(Key<T> key, Range range = {}) const {
+        return lastOf<typename Key<T>::Element>(stretch(key, range, true));
     }
 
     /// Whether it was given and does not merely have a default. A switch that is switched off is not.
@@ -97,10 +108,8 @@ public:
     /// The same by a name as it was declared, synonyms included. An unknown name or another type throws
     /// std::logic_error. A default-constructed result knows no names.
     template <class T>
-    std::optional<T> value(Text name) const {
-        const detail::Stretch found = stretch(find(name, detail::TypeFactsOf<T>::facts), {}, true);
-        if (found.values == nullptr) return std::nullopt;
-        return T(items<T>(*found.values)[found.end - 1]);
+    std::optional<T> value(Text name, Range range = {}) const {
+        return lastOf<T>(stretch(find(name, detail::TypeFactsOf<T>::facts), range, true));
     }
     template <class T>
     std::vector<T> values(Text name, Range range = {}) const {
@@ -130,11 +139,16 @@ private:
     template <class E>
     static std::vector<E> valuesIn(detail::Stretch found) {
         std::vector<E> all;
-        if (found.values == nullptr) return all;
+        if (found.begin == found.end) return all;
         const auto first = items<E>(*found.values).begin();
         using Steps = typename std::vector<E>::difference_type;
         all.assign(first + static_cast<Steps>(found.begin), first + static_cast<Steps>(found.end));
         return all;
+    }
+    template <class E>
+    static std::optional<E> lastOf(detail::Stretch found) {
+        if (found.begin == found.end) return std::nullopt;
+        return E(items<E>(*found.values)[found.end - 1]);
     }
     template <class E>
     std::vector<Given<E>> givenIn(AnyKey key, Range range) const {
@@ -142,7 +156,7 @@ private:
         const detail::Stretch found = stretch(key, range, false);
         all.reserve(found.end - found.begin);
         for (std::size_t i = found.begin; i < found.end; ++i) {
-            all.push_back({items<E>(*found.values)[i], position(key, i), origin(key, i)});
+            all.push_back({items<E>(*found.values)[i], position(found, i), origin(found, i)});
         }
         return all;
     }
@@ -151,8 +165,8 @@ private:
     const detail::Values* read(AnyKey key) const;
     const detail::Values& readOne(AnyKey key) const;
     detail::Stretch stretch(AnyKey key, Range range, bool withDefault) const;
-    int position(AnyKey key, std::size_t index) const;
-    Origin origin(AnyKey key, std::size_t index) const;
+    static int position(const detail::Stretch& stretch, std::size_t index);
+    Origin origin(const detail::Stretch& stretch, std::size_t index) const;
     AnyKey find(Text name, const detail::TypeFacts& asked) const;
 
     detail::ResultData* data = nullptr;

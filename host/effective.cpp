@@ -1,0 +1,83 @@
+// What is in force, as a settings text.
+#include <cstddef>
+#include <string>
+
+#include "result_data.h"
+#include "shown_text.h"
+#include "table.h"
+#include "vorn/host/parser.h"
+
+namespace vorn_3_1::host {
+
+namespace {
+
+using detail::Level;
+using detail::Record;
+using detail::Slot;
+using detail::Values;
+using detail::What;
+
+/// A line of settings ends at a line feed and loses carriage returns before it, and a value is never empty.
+bool canStandInALine(const std::string& value) {
+    return !value.empty() && value.find_first_of(std::string("\n\0", 2)) == std::string::npos &&
+           value.back() != '\r';
+}
+
+/// One line for each text that the option is to read.
+std::vector<std::string> valueTexts(const Record& record, const Values& values) {
+    std::vector<std::string> texts;
+    const std::size_t begin = record.collects() || values.size() == 0 ? 0 : values.size() - 1;
+    for (std::size_t i = begin; i < values.size(); ++i) {
+        std::string text = record.shownValue(values, i);
+        if (record.separator != '\0' && !texts.empty()) {
+            texts.back().append(1, record.separator).append(text);
+        } else {
+            texts.push_back(std::move(text));
+        }
+    }
+    return texts;
+}
+
+std::vector<std::string> linesOf(const Record& record, const Values& values) {
+    const std::string name(record.firstName());
+    std::vector<std::string> lines;
+    if (record.what == What::toggle) {
+        const bool isOn = static_cast<const detail::TypedValues<bool>&>(values).items.back();
+        lines.push_back((isOn ? "--" : "--no-") + name);
+    } else if (record.what == What::flag) {
+        const bool isGiven = static_cast<const detail::TypedValues<bool>&>(values).items.back();
+        if (isGiven) lines.push_back("--" + name);
+    } else if (record.what == What::count) {
+        const int count = static_cast<const detail::TypedValues<int>&>(values).items.back();
+        for (int i = 0; i < count; ++i)
+            lines.push_back("--" + name);
+    } else {
+        for (const std::string& text : valueTexts(record, values)) {
+            const bool isWritten = canStandInALine(text);
+            lines.push_back(isWritten ? "--" + name + "=" + text
+                                      : "# --" + name + " has a value that no settings can hold");
+        }
+    }
+    return lines;
+}
+
+}  // namespace
+
+std::string Parser::effective(const Result& result) const {
+    std::string text;
+    for (unsigned i = 0; i < table->records.size(); ++i) {
+        const Record& record = table->records[i];
+        if (!record.isOption() || record.isBuiltIn() || record.isOnlyTyped) continue;
+        const AnyKey key = {table->id, i};
+        const Values* values =
+            result.data != nullptr && result.data->level(key) != nullptr ? result.read(key) : nullptr;
+        if (values == nullptr || values->size() == 0) continue;
+        const std::vector<std::string> lines = linesOf(record, *values);
+        if (lines.empty()) continue;
+        text += "# " + result.origin(key).text() + "\n";
+        text += detail::listed(lines, "\n") + "\n";
+    }
+    return text;
+}
+
+}  // namespace vorn_3_1::host
