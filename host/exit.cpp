@@ -53,9 +53,12 @@ Result Parser::parseOrExit(int argc, const char* const* argv) {
         warn(root, "warning: " + advice);
     if (outcome) return std::move(outcome.found);
     warn(root, outcome.error().text());
-    if (const detail::NameMeaning* help = root.find("help");
-        help != nullptr && root.records[help->index].isBuiltIn()) {
-        std::fputs(detail::joined({"Try '", detail::escaped(root.path()), " --help'.\n"}).c_str(), stderr);
+    const Parser* command = outcome.result().command();
+    const detail::Table& innermost = command != nullptr ? *command->table : root;
+    const detail::NameMeaning* help = innermost.find("help");
+    if (help != nullptr && innermost.records[help->index].isBuiltIn()) {
+        std::fputs(detail::joined({"Try '", detail::escaped(innermost.path()), " --help'.\n"}).c_str(),
+                   stderr);
     }
     std::exit(wrongUsage);
 }

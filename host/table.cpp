@@ -204,15 +204,15 @@ unsigned Table::indexOf(AnyKey key, const char* use) const {
 }
 
 void Table::enterGroup(std::initializer_list<AnyKey> keys, bool needsOne) {
-    RuleGroup group = {{}, needsOne};
+    RuleGroup entered = {{}, needsOne};
     for (const AnyKey key : keys) {
         const unsigned number = indexOf(key, "a rule for several options");
         if (records[number].isRequired) {
             fail(records[number].firstName(), "it is required, so that it cannot exclude another one");
         }
-        group.members.push_back(number);
+        entered.members.push_back(number);
     }
-    groups.push_back(std::move(group));
+    groups.push_back(std::move(entered));
     ++changes;
 }
 
@@ -250,6 +250,9 @@ void checkValues(const Record& record, const Values& values, std::string_view wh
         for (std::size_t k = 0; choices != nullptr && k < choices->size(); ++k)
             isAllowed = isAllowed || values.isSame(i, *choices, k);
         if (!isAllowed) fail(record.firstName(), joined({"its ", what, " is not among the allowed values"}));
+        const bool isCut = record.separator != '\0' &&
+                           record.shownValue(values, i).find(record.separator) != std::string::npos;
+        if (isCut) fail(record.firstName(), joined({"its ", what, " holds the separator of the list"}));
         const Refusal refusal = judgeValue(record, values, i, record.shownValue(values, i));
         if (refusal) fail(record.firstName(), joined({"its ", what, ": ", refusal.sentence}));
     }
@@ -305,8 +308,8 @@ void Table::checkWhole() const {
             fail(name, "it has several defaults and takes one value; make it a list");
         }
     }
-    for (const RuleGroup& group : groups) {
-        for (const unsigned member : group.members) {
+    for (const RuleGroup& rule : groups) {
+        for (const unsigned member : rule.members) {
             if (records[member].isRequired) {
                 fail(records[member].firstName(), "it is required, so that it cannot exclude another one");
             }
