@@ -73,7 +73,7 @@ constexpr char zshScript[] = R"script(#compdef @PROGRAM@
     case $kind in
         list) compstate[insert]='' compstate[list]='list force' ;;
         files) compset -p ${#kept}; _files ;;
-        folders) compset -p ${#kept}; _files -/ ;;
+        folders) compset -p ${#kept}; _path_files -/ ;;
     esac
 }
 if [[ $funcstack[1] == _@PROGRAM@ ]]; then @FUNCTION@ "$@"; else compdef @FUNCTION@ @PROGRAM@; fi

@@ -17,7 +17,9 @@ void declareOptions(host::Parser& parser) {
     parser.add<Format>("format", "What to write.")
         .named({{"text", Format::text}, {"json", Format::json}, {"jsonl", Format::jsonl}});
     (void)parser.add<std::string>("fields", "What to show.").allow("name", "size", "date").list(',');
-    parser.add<std::string>("colour,color", "When to use colours.").allow("never", "always").implicit("always");
+    parser.add<std::string>("colour,color", "When to use colours.")
+        .allow("never", "always")
+        .implicit("always");
     parser.add<std::string>("user", "Who.").completes([](std::string_view) {
         return std::vector<std::string>{"anna", "Bo Li", "o'neil", "$cash", "a:b"};
     });
@@ -36,7 +38,9 @@ void declareCommands(host::Parser& parser) {
     host::Parser& remote = parser.command("remote-store", "Works elsewhere.");
     remote.command("push", "Sends.").addFlag("force", "Do it.");
     remote.command("pull", "Gets.").add<int>("depth", "How much.");
-    parser.command("remove,rm", "Removes notes.").addPositional<std::string>("id", "Which.").allow("one", "two");
+    parser.command("remove,rm", "Removes notes.")
+        .addPositional<std::string>("id", "Which.")
+        .allow("one", "two");
 }
 
 }  // namespace
