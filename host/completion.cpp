@@ -357,11 +357,13 @@ BashLine bashLine(std::string_view text, std::string_view breaks) {
     BashLine line;
     bool isProgram = true;
     bool isInside = false;  // a word
+    std::size_t beforeQuote = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char character = text[i];
         if (line.quote != '\0') {
             if (character == line.quote) {
                 line.quote = '\0';
+                line.kept = beforeQuote;  // a word with whole quotes is replaced as a whole
             } else if (line.quote == '"' && character == '\\' && i + 1 < text.size()) {
                 const bool isEscape = std::string_view("\\\"$`").find(text[i + 1]) != std::string_view::npos;
                 if (!isEscape) line.word += character;
@@ -378,6 +380,7 @@ BashLine bashLine(std::string_view text, std::string_view breaks) {
             isInside = true;
             if (character == '\'' || character == '"') {
                 line.quote = character;
+                beforeQuote = line.kept;
                 line.kept = line.word.size();
             } else if (character == '\\') {
                 if (i + 1 < text.size()) line.word += text[++i];

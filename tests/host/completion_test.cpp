@@ -102,7 +102,7 @@ TEST(Completion, cutsALineAsBashDoes) {
         {"tool --name \"a", "a b\na'b\na\\\"\\$b\n"},
         {"tool --name=~", "\\~a\n"},
         {"tool --na\\me pl", "plain\n"},
-        {"tool '--name' \"p\"l", ""},  // the quote has ended inside of the word
+        {"tool '--name' \"p\"l", "plain\n"},
         {"tool  --name\tpl", "plain\n"},
         {"/usr/bin/my\\ tool --nam", "--name=\n"},
     };
