@@ -578,7 +578,9 @@ std::string BrokenAbbreviation::text() const {
             (now.size() == 1 ? " and means " : " and is ambiguous now: ") + detail::listed(shown, ", ");
         if (now.size() == 1) sentence += " now";
     }
-    if (typed.size() > 1) sentence += " (and " + std::to_string(typed.size() - 1) + " longer forms)";
+    const std::size_t more = typed.size() - 1;
+    if (more > 0)
+        sentence += " (and " + std::to_string(more) + (more == 1 ? " longer form)" : " longer forms)");
     return sentence;
 }
 
