@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "completion.h"
 #include "help.h"
 #include "process_environment.h"
 #include "shown_text.h"
@@ -36,8 +37,15 @@ void warn(const detail::Table& table, const std::string& text) {
 }  // namespace
 
 Result Parser::parseOrExit(int argc, const char* const* argv) {
-    Outcome outcome = parse(detail::textsOf(argc, argv), detail::ProcessEnvironment());
     const detail::Table& root = *table;
+    std::vector<std::string> arguments = detail::textsOf(argc, argv);
+    std::string fault;
+    if (const auto output = detail::completionOutput(*table, arguments, fault)) show(root, *output);
+    if (!fault.empty()) {
+        warn(root, fault);
+        std::exit(wrongUsage);
+    }
+    Outcome outcome = parse(std::move(arguments), detail::ProcessEnvironment());
     if (outcome.asked == Outcome::Asked::version) {
         const detail::Table& asked = *outcome.askedParser->table;
         show(root, detail::joined({asked.path(), " ", asked.versionText, "\n"}));

@@ -114,6 +114,11 @@ Parser& Parser::colours(Colours wanted) {
     return *this;
 }
 
+Parser& Parser::completion(Text name) {
+    table->completionName = name;
+    return *this;
+}
+
 Parser& Parser::joinedShort() {
     table->readsJoinedShort = true;
     return *this;

@@ -27,6 +27,8 @@ struct Variable {
     std::string value;
 };
 
+class Abbreviations;
+
 /// Whether settings may be missing.
 enum class Missing { refused, allowed };
 
@@ -116,6 +118,9 @@ public:
     Parser& epilogue(Text text);
     /// Whether parseOrExit writes help with colours; for the outermost parser.
     Parser& colours(Colours wanted);
+    /// Renames the option that prints a shell's completion script, which is --completion otherwise; an empty name drops
+    /// it. It is no option like others: it counts typed in full and as the first argument only, in parseOrExit.
+    Parser& completion(Text name);
     /// Reads -vvq, -j4 and -Idir letter by letter, where the letters are names and nothing else is meant.
     Parser& joinedShort();
     /// Reads each separate argument "@file" as a file with one argument per line, in its place.
@@ -159,6 +164,9 @@ public:
     /// Throws RegistrationError with all contradictions of this parser and its commands, a line each. For a host's
     /// tests: what is not chosen is otherwise not looked at.
     void verify();
+
+    /// What users may type for each name; see abbreviations.h.
+    Abbreviations abbreviations();
 
     /// What is in force in the result, as a settings text that reads back to the same; each line stands below a
     /// comment with its origin.
