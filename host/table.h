@@ -170,7 +170,6 @@ public:
     Colours colours = Colours::automatic;
     std::string_view group;  ///< Of what is declared next.
     std::string completionName = "completion";  ///< Of the hidden option; empty if there is none.
-    std::string_view group;                     ///< Of what is declared next.
     std::vector<Record> records;
     std::vector<std::unique_ptr<Table>> commands;
     std::vector<RuleGroup> groups;
