@@ -1,5 +1,6 @@
 #include "options/registered_option_storage.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
 #include <ostream>
@@ -89,14 +90,19 @@ IOption* RegisteredOptionStorage::add(const char* names, const char* description
 unsigned RegisteredOptionStorage::fileGroup(std::string_view group) {
     const std::size_t colon = group.find(':');
     const std::string_view name = group.substr(0, colon);
-    if (const auto known = groupNumbers.find(name); known != groupNumbers.end()) return known->second;
+    const auto place = std::ranges::lower_bound(groupsByName, name, {},
+                                                [this](unsigned number) { return groupList[number].name; });
+    if (place != groupsByName.end() && groupList[*place].name == name) return *place;
 
     const std::string_view title = colon == std::string_view::npos ? "" : group.substr(colon + 1);
     const auto number = static_cast<unsigned>(groupList.size());
-    const OptionGroup added{context.texts.copy(name), context.texts.copy(title)};
-    if (number == groupList.capacity()) groupList.reserve(2 * number + 1);
-    groupNumbers.emplace(added.name, number);
-    groupList.push_back(added);
+    groupList.push_back({context.texts.copy(name), context.texts.copy(title)});
+    try {
+        groupsByName.insert(place, number);
+    } catch (...) {
+        groupList.pop_back();
+        throw;
+    }
     return number;
 }
 

@@ -3,7 +3,6 @@
 #define VORN_OPTIONS_REGISTERED_OPTION_STORAGE_H
 
 #include <deque>
-#include <map>
 #include <string_view>
 #include <vector>
 
@@ -47,7 +46,7 @@ private:
     OptionContext context;
     std::deque<OptionDescription> descriptions;
     std::vector<OptionGroup> groupList;
-    std::map<std::string_view, unsigned> groupNumbers;
+    std::vector<unsigned> groupsByName;  // their numbers, in order of their names
     OptionDescription fallback;
 };
 

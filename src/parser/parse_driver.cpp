@@ -84,7 +84,8 @@ int BasicParser::parseVector(ArgumentList& args, IParseResult* result) {
         std::string error;
         int code = parse(endOfOptions, args, result, error);
         if (code == 0) code = collectNonparsingArguments(endOfOptions, args, implementationOf(result), error);
-        if (code != 0) setLastError(error);
+        // A very long text is not copied; a short one leaves the room for the fixed texts where it is.
+        if (code != 0) error.capacity() > lastError.capacity() ? lastError.swap(error) : setLastError(error);
         return code;
     } catch (const std::exception&) {
         setLastError("Unidentified problem detected.");
