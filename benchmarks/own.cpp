@@ -20,9 +20,9 @@ using vorn_3_1::IParser;
 
 template <class Run>
 double timeOf(Run run) {
-    const double begun = nanoseconds();
+    const double begun = ownNanoseconds();
     run();
-    return nanoseconds() - begun;
+    return ownNanoseconds() - begun;
 }
 
 void mustBe(bool right, const char* what) {
