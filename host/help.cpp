@@ -14,9 +14,6 @@ namespace detail {
 
 namespace {
 
-constexpr char optionsTitle[] = "Options";
-constexpr char globalTitle[] = "Global options";
-
 OptionInfo::Kind kindOf(const Record& record) {
     switch (record.what) {
         case What::option:
@@ -120,6 +117,8 @@ void describeDetails(const Table& table, const Record& record, const Environment
     info.instead = details.instead;
 }
 
+}  // namespace
+
 OptionInfo infoOf(const Table& table, unsigned index, const Environment& environment) {
     const Record& record = table.records[index];
     OptionInfo info;
@@ -138,11 +137,14 @@ OptionInfo infoOf(const Table& table, unsigned index, const Environment& environ
     info.isHidden = record.isHidden;
     info.isDeprecated = record.isDeprecated;
     info.isGlobal = record.isGlobal;
+    info.isOnlyTyped = record.isOnlyTyped;
     info.isBuiltIn = record.isBuiltIn();
     info.excludes = excludedBy(table, index);
     if (record.details) describeDetails(table, record, environment, info);
     return info;
 }
+
+namespace {
 
 /// A value that may come from anywhere.
 std::string shownItem(const std::string& value) {
@@ -302,7 +304,7 @@ private:
     }
 
     void addPositionals() {
-        HelpSection section = {"Arguments", {}};
+        HelpSection section = {HelpSection::Kind::arguments, "Arguments", {}};
         forEach(table, [&](const OptionInfo& info) {
             const bool saysMore = !info.description.empty() || !notesOf(info).empty();
             if (info.isPositional() && isShown(info) && saysMore) section.entries.push_back(entryOf(info));
@@ -316,8 +318,8 @@ private:
 
     /// Groups in the order in which they first occur. Those without come first; --help and the like at their end.
     void addOptions() {
-        HelpSection own = {optionsTitle, {}};
-        HelpSection builtIn = {optionsTitle, {}};
+        HelpSection own = {HelpSection::Kind::options, "Options", {}};
+        HelpSection builtIn = {HelpSection::Kind::options, "Options", {}};
         std::vector<HelpSection> groups;
         forEach(table, [&](const OptionInfo& info) {
             if (info.isPositional() || !isShown(info)) return;
@@ -341,12 +343,12 @@ private:
         for (HelpSection& section : sections) {
             if (section.title == title) return section;
         }
-        sections.push_back({title, {}});
+        sections.push_back({HelpSection::Kind::options, title, {}});
         return sections.back();
     }
 
     void addGlobals() {
-        HelpSection section = {globalTitle, {}};
+        HelpSection section = {HelpSection::Kind::globalOptions, "Global options", {}};
         for (const Table* outer = table.outer; outer != nullptr; outer = outer->outer) {
             forEach(*outer, [&](const OptionInfo& info) {
                 if (info.isGlobal && isShown(info)) section.entries.push_back(entryOf(info));
@@ -356,7 +358,7 @@ private:
     }
 
     void addCommands() {
-        HelpSection section = {"Commands", {}};
+        HelpSection section = {HelpSection::Kind::commands, "Commands", {}};
         for (const std::unique_ptr<Table>& command : table.commands) {
             const std::string& about = command->description;
             section.entries.push_back({namesOf(*command), "", about.substr(0, about.find('\n')), {}});

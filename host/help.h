@@ -10,6 +10,9 @@
 
 namespace vorn_3_1::host::detail {
 
+/// What a record says, of a table that is sealed.
+OptionInfo infoOf(const Table& table, unsigned index, const Environment& environment);
+
 /// The page of a table that is sealed.
 HelpPage helpPage(const Table& table, bool showsAll, const Environment& environment);
 

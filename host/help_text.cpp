@@ -21,13 +21,6 @@ constexpr std::string_view plain = "\033[0m";
 /// Stands for a blank at which no line breaks; harmless text has no such character.
 constexpr char keptBlank = '\1';
 
-/// For what has no business with a line break.
-std::string oneLine(std::string_view text) {
-    std::string line = harmless(text);
-    std::replace(line.begin(), line.end(), '\n', ' ');
-    return line;
-}
-
 class TerminalWriter {
 public:
     TerminalWriter(const HelpPage& shown, unsigned width, bool coloured)

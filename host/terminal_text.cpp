@@ -89,35 +89,6 @@ bool mayBreak(const Cluster& left, const Cluster& right) {
     return isBesideWide && !opens(left.base) && !closes(right.base);
 }
 
-/// What does not break as long as it fits in a line.
-struct Run {
-    std::string_view text;
-    bool followsBlank;
-};
-
-std::vector<Run> runsOf(std::string_view line) {
-    std::vector<Run> runs;
-    bool followsBlank = false;
-    while (!line.empty()) {
-        if (line.front() == ' ') {
-            followsBlank = true;
-            line.remove_prefix(1);
-            continue;
-        }
-        std::size_t size = 0;
-        for (Cluster previous; size < line.size() && line[size] != ' ';) {
-            const Cluster next = firstCluster(line.substr(size));
-            if (size > 0 && mayBreak(previous, next)) break;
-            size += next.size;
-            previous = next;
-        }
-        runs.push_back({line.substr(0, size), followsBlank});
-        line.remove_prefix(size);
-        followsBlank = false;
-    }
-    return runs;
-}
-
 std::vector<std::string> fill(const std::vector<Run>& runs, unsigned columns, unsigned indent) {
     std::vector<std::string> lines(1);
     unsigned begin = 0;
@@ -149,6 +120,29 @@ std::vector<std::string> fill(const std::vector<Run>& runs, unsigned columns, un
 
 }  // namespace
 
+std::vector<Run> runsOf(std::string_view line) {
+    std::vector<Run> runs;
+    bool followsBlank = false;
+    while (!line.empty()) {
+        if (line.front() == ' ') {
+            followsBlank = true;
+            line.remove_prefix(1);
+            continue;
+        }
+        std::size_t size = 0;
+        for (Cluster previous; size < line.size() && line[size] != ' ';) {
+            const Cluster next = firstCluster(line.substr(size));
+            if (size > 0 && mayBreak(previous, next)) break;
+            size += next.size;
+            previous = next;
+        }
+        runs.push_back({line.substr(0, size), followsBlank});
+        line.remove_prefix(size);
+        followsBlank = false;
+    }
+    return runs;
+}
+
 std::string harmless(std::string_view text) {
     std::string safe;
     while (!text.empty()) {
@@ -169,6 +163,17 @@ std::string harmless(std::string_view text) {
         }
     }
     return safe;
+}
+
+std::string oneLine(std::string_view text) {
+    std::string line;
+    for (const char character : harmless(text)) {
+        const bool isBlank = character == ' ' || character == '\n';
+        if (isBlank && (line.empty() || line.back() == ' ')) continue;
+        line += isBlank ? ' ' : character;
+    }
+    if (!line.empty() && line.back() == ' ') line.pop_back();
+    return line;
 }
 
 unsigned columnsOf(std::string_view text) {

@@ -12,8 +12,20 @@ namespace vorn_3_1::host::detail {
 /// escaped, a tab is a blank. Line breaks stay, and marks that only join or part letters.
 std::string harmless(std::string_view text);
 
+/// The same for what has no business with a line break; it has neither blanks at its ends nor two in a row.
+std::string oneLine(std::string_view text);
+
 /// How many columns a harmless text without line breaks takes.
 unsigned columnsOf(std::string_view text);
+
+/// What does not break as long as it fits in a line.
+struct Run {
+    std::string_view text;
+    bool followsBlank;
+};
+
+/// Cuts a harmless line at blanks and beside the wide characters of East Asia.
+std::vector<Run> runsOf(std::string_view line);
 
 /// Lines of at most `columns`, made from harmless text. They break at blanks and beside the wide characters of East
 /// Asia, and where there is neither, between two characters. A line break in the text stays one, and so do the

@@ -1,5 +1,5 @@
-// Help as data: what a parser takes, for hosts that show it in a form of their own. Parser::help is made from the
-// same.
+// Help as data: what a parser takes, for hosts that show it in a form of their own. Parser::help and Parser::manual are
+// made from the same.
 #ifndef VORN_HOST_HELP_H
 #define VORN_HOST_HELP_H
 
@@ -41,7 +41,8 @@ struct OptionInfo {
     bool isHidden = false;
     bool isDeprecated = false;
     bool isGlobal = false;
-    bool isBuiltIn = false;  ///< --help and the like, which no host declared.
+    bool isOnlyTyped = false;  ///< Settings must not have it.
+    bool isBuiltIn = false;    ///< --help and the like, which no host declared.
 
     bool hasValue() const { return kind == Kind::option || isPositional(); }
     bool isPositional() const { return kind == Kind::positional || kind == Kind::rest; }
@@ -57,6 +58,9 @@ struct HelpEntry {
 };
 
 struct HelpSection {
+    enum class Kind { arguments, options, globalOptions, commands };
+
+    Kind kind = Kind::options;
     std::string title;
     std::vector<HelpEntry> entries;
 };

@@ -143,6 +143,9 @@ public:
     HelpPage page(const HelpStyle& style) const;
     /// All that was declared of this parser, in that order, and --help and its like. Commands have theirs.
     std::vector<OptionInfo> options(const std::vector<Variable>& environment = {}) const;
+    /// The manual page of the whole tool, commands included, for man(1). `date` is shown at its foot; without one it is
+    /// the day that SOURCE_DATE_EPOCH names, or today.
+    std::string manual(Text date = {}, Text section = "1") const;
 
     // Parsing.
 
