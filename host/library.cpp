@@ -15,9 +15,14 @@ constexpr char refusedNames[] = "a,b,c,d";
 /// What a rehearsed name is followed by, so that an option that wants a value finds one.
 constexpr char filler[] = "x";
 
-/// As many names as the library takes in one registration; the third may have two characters.
-bool fitOneRegistration(const std::vector<std::string>& names) {
-    return names.size() < 3 || (names.size() == 3 && names[2].size() <= 2);
+/// Whether the library takes the names in one registration: two, or a third of two characters.
+bool fitOneRegistration(std::string_view names) {
+    std::size_t count = 1;
+    for (std::size_t comma = names.find(','); comma != std::string_view::npos; comma = names.find(',')) {
+        names.remove_prefix(comma + 1);
+        ++count;
+    }
+    return count < 3 || (count == 3 && names.size() <= 2);
 }
 
 /// The names in the library's text "Ambiguous option 'NAME' in argument: 'TYPED', could be: 'one', 'two'", where NAME is
@@ -65,7 +70,7 @@ Library::Library(Table& declared, Of what) : table(declared), content(what) {
             }
         }
         if (table.hasPositionals())
-            registerNames({positionalName}, tamsu2::qel_string).positional()->tokenize('\0');
+            registerNames(positionalName, {}, tamsu2::qel_string).positional()->tokenize('\0');
     }
     verifySynonyms();
 }
@@ -74,27 +79,35 @@ Library::~Library() = default;
 
 void Library::registerOption(const Record& record) {
     if (!record.isOption()) return;
-    IOption& option = registerNames(record.allNames(), libraryType(record.what));
-    option.tokenize('\0');
+    static const std::vector<std::string> none;
+    const std::vector<std::string>& further = record.details ? record.details->synonyms : none;
+    registerNames(record.names.data(), further, libraryType(record.what)).tokenize('\0');
 }
 
 void Library::registerCommand(const Table& command) {
-    Record named;
-    named.names = command.names;
-    registerNames(named.allNames(), tamsu2::qel_empty);
+    registerNames(command.names.c_str(), {}, tamsu2::qel_empty);
 }
 
-IOption& Library::registerNames(const std::vector<std::string>& names, tamsu2::qel_variant_type_t type) {
-    const std::size_t atOnce = fitOneRegistration(names) ? names.size() : 2;
-    std::string text = names[0];
-    for (std::size_t i = 1; i < atOnce; ++i)
-        text.append(",").append(names[i]);
-    IOption* option = parser->option(text.c_str(), "", type, "");
+/// Names that do not fit into one registration become synonyms.
+IOption& Library::registerNames(const char* names, const std::vector<std::string>& further,
+                                tamsu2::qel_variant_type_t type) {
+    std::vector<std::string> added = further;
+    std::string shortened;
+    if (!fitOneRegistration(names)) {
+        shortened = names;
+        for (std::size_t comma = shortened.rfind(','); comma != std::string::npos;
+             comma = shortened.rfind(',')) {
+            added.insert(added.begin(), shortened.substr(comma + 1));
+            shortened.resize(comma);
+        }
+        names = shortened.c_str();
+    }
+    IOption* option = parser->option(names, "", type, "");
     // All else that it refuses has been refused before.
     if (option == refused) throw std::bad_alloc();
-    for (std::size_t i = atOnce; i < names.size(); ++i) {
-        option->synonym(names[i].c_str());
-        synonyms.push_back("--" + names[i]);
+    for (const std::string& name : added) {
+        option->synonym(name.c_str());
+        synonyms.push_back("--" + name);
     }
     return *option;
 }
@@ -178,11 +191,9 @@ void Library::readOccurrences(IParseResult& result) {
 void Library::noteMeaning(const char* name) {
     Meaning& meaning = (*answers)[answered++];
     if (content == Of::commands) {
-        for (unsigned i = 0; i < table.commands.size(); ++i) {
-            const std::string_view names = table.commands[i]->names;
-            if (names.substr(0, names.find(',')) != name) continue;
+        if (const unsigned* found = table.findCommand(name)) {
             meaning.kind = Meaning::Kind::found;
-            meaning.index = i;
+            meaning.index = *found;
         }
         return;
     }

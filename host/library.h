@@ -87,7 +87,8 @@ private:
 
     void registerOption(const Record& record);
     void registerCommand(const Table& command);
-    IOption& registerNames(const std::vector<std::string>& names, tamsu2::qel_variant_type_t type);
+    IOption& registerNames(const char* names, const std::vector<std::string>& further,
+                           tamsu2::qel_variant_type_t type);
     void verifySynonyms();
     void noteMeaning(const char* name);
     void readOccurrences(IParseResult& result);

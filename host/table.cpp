@@ -1,7 +1,6 @@
 #include "table.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "library.h"
@@ -91,7 +90,13 @@ std::string Record::shownValue(const Values& values, std::size_t index) const {
 }
 
 Table::Table(std::string_view tableNames, std::string_view about, Table* outside)
-    : id(nextId()), outer(outside), names(tableNames), description(about), self(*this), index(&memory) {}
+    : id(nextId()),
+      outer(outside),
+      names(tableNames),
+      description(about),
+      self(*this),
+      index(&memory),
+      commandIndex(&memory) {}
 
 Table::~Table() = default;
 
@@ -99,18 +104,18 @@ void release(Table* root) {
     if (root != nullptr && --root->owners == 0) delete root;
 }
 
-std::string_view Table::keep(std::string_view text) { return keepJoined(text, {}); }
-
 std::string_view Table::keepJoined(std::string_view front, std::string_view text) {
-    if (front.empty() && text.empty()) return {};
     const std::size_t size = front.size() + text.size();
-    char* kept = static_cast<char*>(memory.allocate(size, 1));
-    std::memcpy(kept, front.data(), front.size());
-    if (!text.empty()) std::memcpy(kept + front.size(), text.data(), text.size());
+    char* kept = static_cast<char*>(memory.allocate(size + 1, 1));
+    front.copy(kept, front.size());
+    text.copy(kept + front.size(), text.size());
+    kept[size] = '\0';
     return {kept, size};
 }
 
 unsigned Table::enter(std::string_view declared, std::string_view about, What what, const TypeFacts& type) {
+    constexpr std::size_t usual = 16;  // spares a parser of ordinary size all growing but one
+    if (records.empty()) records.reserve(usual);
     const auto number = static_cast<unsigned>(records.size());
     Record record;
     record.names = keep(declared);
@@ -137,15 +142,22 @@ unsigned Table::enter(std::string_view declared, std::string_view about, What wh
 Table& Table::enterCommand(std::string_view declared, std::string_view about) {
     forEachName(declared, [&](std::string_view name) {
         if (const char* fault = faultOf(name)) fail(name, fault);
-        for (const std::unique_ptr<Table>& command : commands) {
-            forEachName(command->names, [&](std::string_view taken) {
-                if (name == taken) fail(name, "there is a command of this name");
-            });
-        }
     });
     if (hasPositionals())
         fail(declared, "a parser with commands has no positional arguments; give them to the commands");
+    const auto number = static_cast<unsigned>(commands.size());
     commands.push_back(std::make_unique<Table>(declared, about, this));
+    try {
+        forEachName(keep(declared), [&](std::string_view name) {
+            const bool isNew = commandIndex.try_emplace(name, number).second;
+            if (!isNew) fail(name, "there is a command of this name");
+        });
+    } catch (...) {
+        for (auto entry = commandIndex.begin(); entry != commandIndex.end();)
+            entry = entry->second == number ? commandIndex.erase(entry) : std::next(entry);
+        commands.pop_back();
+        throw;
+    }
     ++changes;
     return *commands.back();
 }
@@ -196,6 +208,11 @@ void Table::forgetNames(unsigned number) {
 const NameMeaning* Table::find(std::string_view name) const {
     const auto found = index.find(name);
     return found == index.end() ? nullptr : &found->second;
+}
+
+const unsigned* Table::findCommand(std::string_view name) const {
+    const auto found = commandIndex.find(name);
+    return found == commandIndex.end() ? nullptr : &found->second;
 }
 
 unsigned Table::indexOf(AnyKey key, const char* use) const {

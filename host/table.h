@@ -47,7 +47,7 @@ struct Details {
 
 /// One declaration. Small, since commands that are not chosen leave theirs unused.
 struct Record {
-    std::string_view names;  ///< As declared; the table keeps the text.
+    std::string_view names;  ///< As declared; the table keeps the text, with a NUL behind it.
     std::string_view description;
     std::string_view group;  ///< The heading in help.
     const TypeFacts* type;
@@ -144,8 +144,10 @@ public:
     /// The record that a key names. Throws RegistrationError if the key is another parser's.
     unsigned indexOf(AnyKey key, const char* use) const;
 
-    /// A copy that lives as long as the table.
-    std::string_view keep(std::string_view text);
+    /// A copy that lives as long as the table, with a NUL behind it.
+    std::string_view keep(std::string_view text) { return keepJoined(text, {}); }
+    /// The command of this full name, or null.
+    const unsigned* findCommand(std::string_view name) const;
 
     bool isCommand() const { return outer != nullptr; }
     Table& root() { return outer != nullptr ? outer->root() : *this; }
@@ -191,6 +193,7 @@ private:
     void checkWhole() const;
 
     std::pmr::unordered_map<std::string_view, NameMeaning> index;
+    std::pmr::unordered_map<std::string_view, unsigned> commandIndex;
     bool areNamesEntered = false;  ///< Of a command: not before it is chosen.
 };
 
