@@ -529,13 +529,12 @@ private:
         return promised;
     }
 
-    /// What a name has to mean now: what it means in full. Nothing if it is no name any more, or has gone over to
-    /// another option while the first name of its own is still there.
+    /// What a name has to mean now: its option, which is known by its first name or, if that is gone, by this one.
     static Answer meaningInFull(const std::string& name, const std::string& first, Oracle& after) {
-        if (!after.hasInFull(name)) return {};
-        const std::vector<Answer> answers = after.ask({name, first});
-        const bool hasMoved = after.hasInFull(first) && !answers[1].isSame(answers[0]);
-        return hasMoved ? Answer() : answers[0];
+        for (const std::string& known : {first, name}) {
+            if (after.hasInFull(known)) return after.ask({known})[0];
+        }
+        return {};
     }
 
     std::string path;
