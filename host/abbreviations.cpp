@@ -383,9 +383,8 @@ private:
 std::string shortestOf(Oracle& oracle, const std::string& name) {
     const std::vector<std::string> forms = oracle.forms(name);
     const Answer full = oracle.ask({name})[0];
-    const std::vector<Answer> answers = oracle.ask(forms);
-    for (std::size_t i = 0; i < forms.size(); ++i) {
-        if (answers[i].isSame(full)) return forms[i];
+    for (const std::string& form : forms) {
+        if (oracle.ask({form})[0].isSame(full)) return form;
     }
     return name;
 }
@@ -507,26 +506,35 @@ private:
         one.command = path;
         one.option = option;
         one.name = name;
-        const std::vector<std::string> forms = before.forms(name);
-        const std::vector<Answer> was = before.ask(forms);
-        const std::vector<Answer> is = after.ask(forms);
-        const Answer fullBefore = before.ask({name})[0];
-        const Answer fullAfter = meaningInFull(name, first, after);
-        for (std::size_t i = 0; i < forms.size(); ++i) {
-            if (!was[i].isSame(fullBefore) || is[i].isSame(fullAfter)) continue;
-            if (one.typed.empty()) one.now = is[i].names;
-            one.typed.push_back(forms[i]);
+        const std::vector<std::string> promised = promisedForms(name, before);
+        const std::vector<Answer> answers = after.ask(promised);
+        const Answer full = meaningInFull(name, first, after);
+        for (std::size_t i = 0; i < promised.size(); ++i) {
+            if (answers[i].isSame(full)) continue;
+            if (one.typed.empty()) one.now = answers[i].names;
+            one.typed.push_back(promised[i]);
         }
         if (!one.typed.empty()) broken.push_back(std::move(one));
     }
 
-    /// What a name has to mean now: what it means in full. Nothing if it is no name any more, or has gone over to
-    /// another option while the first name of its own is still there.
+    /// All forms that mean the name, the shortest first.
+    static std::vector<std::string> promisedForms(const std::string& name, Oracle& oracle) {
+        const std::vector<std::string> forms = oracle.forms(name);
+        const Answer full = oracle.ask({name})[0];
+        const std::vector<Answer> answers = oracle.ask(forms);
+        std::vector<std::string> promised;
+        for (std::size_t i = 0; i < forms.size(); ++i) {
+            if (answers[i].isSame(full)) promised.push_back(forms[i]);
+        }
+        return promised;
+    }
+
+    /// What a name has to mean now: its option, which is known by its first name or, if that is gone, by this one.
     static Answer meaningInFull(const std::string& name, const std::string& first, Oracle& after) {
-        if (!after.hasInFull(name)) return {};
-        const std::vector<Answer> answers = after.ask({name, first});
-        const bool hasMoved = after.hasInFull(first) && !answers[1].isSame(answers[0]);
-        return hasMoved ? Answer() : answers[0];
+        for (const std::string& known : {first, name}) {
+            if (after.hasInFull(known)) return after.ask({known})[0];
+        }
+        return {};
     }
 
     std::string path;

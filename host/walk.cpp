@@ -50,6 +50,7 @@ std::vector<Meaning> meaningsOf(Library& library, const std::vector<std::string>
         std::vector<std::string> forms;
         for (const std::string& candidate : meaning.candidates)
             forms.push_back("--" + candidate);
+        if (!meanSame(library.ask({forms[0], forms[1]}))) continue;  // seldom one option, so that two will do
         std::vector<Meaning> each = library.ask(forms);
         if (!meanSame(each)) continue;
         // Reads the full name instead of the typed one.

@@ -125,6 +125,10 @@ TEST(Abbreviations, ofALaterVersionAreComparedWithWhatWasPromised) {
          },
          "'-s' meant '--size' and means '--height' now (and 3 longer forms)\n"
          "'--he' meant '--help' and is ambiguous now: '--height', '--help'\n"},
+        // A name is dropped: what shortens the other one still means the same.
+        {[](host::Parser& parser) { parser.addFlag("format,for,bow", ""); },
+         [](host::Parser& parser) { parser.addFlag("format", ""); },
+         "'-b' meant '--bow' and is unknown now (and 2 longer forms)\n"},
         // A switch that becomes a flag loses its "no-" form.
         {[](host::Parser& parser) { parser.addSwitch("ab", ""); },
          [](host::Parser& parser) { parser.addFlag("ab", ""); },

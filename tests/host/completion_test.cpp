@@ -34,6 +34,7 @@ struct Printed {
 Printed print(host::Parser& parser, std::vector<const char*> arguments) {
     arguments.insert(arguments.begin(), "tool");
     std::FILE* output = std::tmpfile();
+    std::fflush(stdout);  // or the child would write it, too
     const pid_t child = fork();
     if (child == 0) {
         dup2(fileno(output), STDOUT_FILENO);
