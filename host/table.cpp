@@ -343,8 +343,9 @@ void Table::enterBuiltIns() {
     if (!isThere(What::help) && find("help") == nullptr) {
         enter(find("h") == nullptr ? "help,h" : "help", "Show this help and exit.", What::help, flag);
     }
-    const bool hidesSome =
-        std::any_of(records.begin(), records.end(), [](const Record& record) { return record.isHidden; });
+    const bool hidesSome = std::any_of(records.begin(), records.end(), [](const Record& record) {
+        return record.isHidden || record.isDeprecated;
+    });
     if (hidesSome && !isThere(What::helpAll) && find("help-all") == nullptr) {
         enter("help-all", "Show the help with all options and exit.", What::helpAll, flag);
     }

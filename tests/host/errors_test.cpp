@@ -1,12 +1,179 @@
-// What the companion says of each mistake.
-#include <gtest/gtest.h>
+// What the companion says of each mistake, as a sentence and as data.
+#include "host/fixture.h"
 
-#include "vorn/host.h"
+namespace {
 
-namespace host = vorn::host;
+enum class Format { text, json, jsonl };
 
-TEST(Errors, anUnknownNameIsSaidWithTheNearest) {
-    host::Parser parser("tool");
-    parser.add<int>("output-dir", "Where.");
-    EXPECT_EQ(parser.parse({"--outptu=x"}).error().text(), "unknown option '--outptu'; did you mean '--output-dir'?");
+/// An image tool.
+struct Errors : testing::Test {
+    host::Parser parser{"thumbs", "Makes small copies of images."};
+    Errors() {
+        parser.version("1.4.0");
+        parser.add<int>("quality,q", "").range(1, 100);
+        parser.add<Format>("format", "")
+            .named({{"text", Format::text}, {"json", Format::json}, {"jsonl", Format::jsonl}});
+        (void)parser.add<int>("size", "").list(',');
+        parser.add<std::string>("colour,color", "").allow("never", "auto", "always").implicit("auto");
+        const auto folder = parser.add<std::string>("output-dir,o", "").metavar("DIR").required();
+        parser.add<int>("shift", "").check([](int n) { return std::string(n == 13 ? "bad luck" : ""); });
+        parser.addFlag("l", "");
+        parser.add<bool>("strict", "");
+        parser.addFlag("w", "");
+        const auto quiet = parser.addSwitch("quiet", "").key();
+        const auto verbose = parser.addCount("verbose,v", "").needs(folder.key()).key();
+        parser.add<unsigned long long>("mask", "");
+        parser.add<unsigned>("depth", "").minimum(2u);
+        parser.addPositional<std::string>("image", "");
+        parser.exclusive({quiet, verbose});
+    }
+};
+
+TEST_F(Errors, areWordedAndHoldTheirKindAndTheOption) {
+    const std::string longText(1000, 'x');
+    const struct {
+        std::string typed;
+        std::string text;
+        Kind kind;
+        const char* option;
+    } rows[] = {
+        // names
+        {"--outptu=x", "unknown option '--outptu'; did you mean '--output-dir'?", Kind::unknownOption, ""},
+        {"--output=x", "unknown option '--output'; did you mean '--output-dir'?", Kind::unknownOption, ""},
+        {"--dir=x", "unknown option '--dir'; did you mean '--output-dir'?", Kind::unknownOption, ""},
+        {"-lw", "unknown option '-lw'; if '-l' and '-w' are meant, write them apart", Kind::unknownOption,
+         ""},
+        {"-q5", "unknown option '-q5'; if '-q' and '5' are meant, write them apart", Kind::unknownOption, ""},
+        {"--no-quite", "unknown option '--no-quite'; did you mean '--no-quiet'?", Kind::unknownOption, ""},
+        {"--hlep", "unknown option '--hlep'; did you mean '--help'?", Kind::unknownOption, ""},
+        {"--xyzzy", "unknown option '--xyzzy'", Kind::unknownOption, ""},  // nothing is near
+        {"--ver", "'--ver' is ambiguous: --verbose, --version", Kind::ambiguousOption, ""},
+        {"---", "'---' names no option", Kind::unknownOption, ""},
+        {"--=x", "'--' names no option", Kind::unknownOption, ""},
+        {"---quiet", "'---quiet' names no option", Kind::unknownOption, ""},
+        {"-.", "'-.' names no option", Kind::unknownOption, ""},
+        // where values begin and end
+        {"--version=1", "'--version' takes no value", Kind::unexpectedValue, "version"},
+        {"--no-quiet=1", "'--quiet' takes no value", Kind::unexpectedValue, "quiet"},
+        {"--verbose=", "'--verbose' takes no value", Kind::unexpectedValue, "verbose"},
+        {"--size=", "'--size=' has no value", Kind::missingValue, "size"},
+        // values
+        {"--quality=5x", "'5x' is not a whole number, which '--quality' takes", Kind::invalidValue,
+         "quality"},
+        {"-q=", "'-q=' has no value", Kind::missingValue, "quality"},
+        {"--quality=99999999999", "'99999999999' is too large for '--quality': at most 100", Kind::outOfRange,
+         "quality"},
+        {"--quality=0", "'0' is too small for '--quality': at least 1", Kind::outOfRange, "quality"},
+        {"--shift=99999999999", "'99999999999' is too large for '--shift': at most 2147483647",
+         Kind::outOfRange, "shift"},
+        {"--depth=-1", "'-1' is too small for '--depth': at least 2", Kind::outOfRange, "depth"},
+        {"--shift=13", "'13' is refused for '--shift': bad luck", Kind::refused, "shift"},
+        {"--strict=y", "'y' is neither yes nor no, which '--strict' takes", Kind::invalidValue, "strict"},
+        {"--format=j", "'j' is ambiguous for '--format': json, jsonl", Kind::ambiguousValue, "format"},
+        {"--format=xml", "'xml' is not allowed for '--format': text, json, jsonl", Kind::notAllowed,
+         "format"},
+        {"--color=a", "'a' is ambiguous for '--colour': auto, always", Kind::ambiguousValue, "colour"},
+        {"--size=1,", "'1,' has an empty item", Kind::emptyItem, "size"},
+        {"--size=,1", "',1' has an empty item", Kind::emptyItem, "size"},
+        {"--size=1,,2", "'1,,2' has an empty item", Kind::emptyItem, "size"},
+        {"--size=1,b,c", "'b' is not a whole number, which '--size' takes", Kind::invalidValue, "size"},
+        // nothing from outside writes to the terminal, and nothing fills it
+        {"--\x1b[31m=\n", "unknown option '--\\x1B[31m'", Kind::unknownOption, ""},
+        {"--shift=\t\x7f\xff\xc2\x9b\xe2\x80\xae",
+         "'\\t\\x7F\\xFF\\x9B\\u202E' is not a whole number, which '--shift' takes", Kind::invalidValue,
+         "shift"},
+        {"--shift=" + longText,
+         "'" + longText.substr(0, 80) + "..." + longText.substr(0, 80) +
+             "' is not a whole number, which '--shift' takes",
+         Kind::invalidValue, "shift"},
+    };
+    for (const auto& row : rows) {
+        const host::Outcome outcome = parser.parse({row.typed, "-o", "out", "a.png"});
+        EXPECT_EQ(said(outcome), row.text);
+        if (outcome) continue;
+        EXPECT_EQ(outcome.error().kind, row.kind) << row.typed;
+        EXPECT_EQ(outcome.error().option, row.option) << row.typed;
+        EXPECT_EQ(outcome.error().argument, row.typed);
+        EXPECT_EQ(outcome.error().origin.text(), "argument 1");
+    }
 }
+
+TEST_F(Errors, ofSeveralArgumentsAreAllThereWhatIsMissingLast) {
+    const struct {
+        Texts typed;
+        const char* text;
+    } rows[] = {
+        {{"--shift", "--x"},
+         "'--shift' needs a value; for one that begins with '-', write '--shift=--x'\nunknown option '--x'\n"
+         "missing option: --output-dir DIR\nmissing argument: IMAGE"},
+        {{"a", "--output-dir"}, "'--output-dir' needs a value"},  // it is not missing as well
+        {{"-o=out", "a", "--quiet", "-v"}, "'--quiet' and '--verbose' exclude each other"},
+        {{"a", "-v"}, "missing option: --output-dir DIR\n'--verbose' needs '--output-dir' as well"},
+        {{"-o=out", "a", "b", "--qu=x"}, "unexpected argument 'b'\n'--qu' is ambiguous: --quality, --quiet"},
+        {{"-o=out", "--depth=x", "a", "--mask=y", "b"},
+         "'x' is not a whole number, which '--depth' takes\n'y' is not a whole number, which '--mask' takes\n"
+         "unexpected argument 'b'"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(said(parser.parse(row.typed)), row.text) << joined(row.typed);
+}
+
+TEST_F(Errors, holdWhatAHostNeedsToWordThemItself) {
+    const host::Outcome outcome =
+        parser.parse({"--size=1,b", "--ver", "--quality=101", "--shift=13", "--format=jsno", "-o=x", "a"});
+    ASSERT_EQ(outcome.errors().size(), 5u);
+    EXPECT_EQ(outcome.errors()[0].value, "b");
+    EXPECT_EQ(outcome.errors()[1].candidates, (Texts{"verbose", "version"}));
+    EXPECT_EQ(outcome.errors()[1].libraryText,
+              "Ambiguous option 'ver' in argument: '--ver', could be: 'verbose', 'version'");
+    EXPECT_EQ(outcome.errors()[2].reason, "at most 100");
+    EXPECT_EQ(outcome.errors()[3].reason, "bad luck");
+    EXPECT_EQ(outcome.errors()[4].candidates, (Texts{"json", "jsonl"}));
+    EXPECT_EQ(thrownBy<std::logic_error>([&] {
+                  (void)parser.parse({"-o=x", "a"}).error();
+              }),
+              "vorn: nothing was wrong, so there is no error to be read");
+}
+
+TEST(Suggestions, areTheNearestAndNeverFarFetched) {
+    host::Parser parser("tool");
+    for (const char* name :
+         {"input-file", "input-format", "input-filter", "input-field", "output", "frobnicate", "ab"})
+        parser.addFlag(name, "");
+    parser.addFlag("secret", "").hidden();
+    parser.addFlag("older", "").deprecated("use --output");
+    const struct {
+        const char* typed;
+        Texts candidates;  // the best first, three at most
+    } rows[] = {
+        {"--ouptut", {"output"}},                                       // swapped neighbours
+        {"--format", {"input-format"}},                                 // a word is left out
+        {"--inptu-f", {"input-file", "input-format", "input-filter"}},  // three at most
+        {"--input-feild", {"input-field", "input-file", "input-filter"}},
+        {"--frobincat", {"frobnicate"}},
+        {"--secert", {}},
+        {"--oldre", {}},
+        {"--x", {}},
+        {"--ba", {}},
+        {"--zzzzzzzz", {}},
+        {"--outrageous", {}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(parser.parse({row.typed}).error().candidates, row.candidates) << row.typed;
+}
+
+TEST(Origins, areShownInFrontUnlessItIsTheCommandLine) {
+    host::Parser parser("tool");
+    parser.add<int>("n", "").environment("TOOL_N");
+    parser.responseFiles().settings("# one\n\n --n=x", "bad\x1b.conf");
+    const TemporaryFile file("--n\ny\n");
+    const host::Outcome outcome = parser.parse({"--n=1", "@" + file.path, "--n=z"}, {{"TOOL_N", "w"}});
+    const std::string takes = " is not a whole number, which '-n' takes";
+    EXPECT_EQ(said(outcome), "bad\\x1B.conf:3: 'x'" + takes + "\nTOOL_N: 'w'" + takes + "\n" + file.path +
+                                 ":1: 'y'" + takes + "\n'z'" + takes);
+    EXPECT_EQ(outcome.errors()[0].origin.line, 3);
+    EXPECT_EQ(outcome.errors()[3].origin.text(), "argument 3");
+    EXPECT_EQ(host::Origin().text(), "nowhere");
+}
+
+}  // namespace

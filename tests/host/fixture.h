@@ -1,0 +1,65 @@
+// What the tests of the companion share.
+#ifndef VORN_TESTS_HOST_FIXTURE_H
+#define VORN_TESTS_HOST_FIXTURE_H
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "vorn/host.h"
+
+namespace host = vorn::host;
+using Kind = host::Error::Kind;
+using Texts = std::vector<std::string>;
+
+/// All that is wrong, a line each.
+inline std::string said(const host::Outcome& outcome) {
+    std::string all;
+    for (const host::Error& error : outcome.errors())
+        all += (all.empty() ? "" : "\n") + error.text();
+    return all;
+}
+
+inline std::string joined(const Texts& texts, const char* between = " ") {
+    std::string all;
+    for (const std::string& text : texts)
+        all += (all.empty() ? "" : between) + text;
+    return all;
+}
+
+/// The text of what the action throws, "" if nothing.
+template <class Exception, class Action>
+std::string thrownBy(Action action) {
+    try {
+        action();
+    } catch (const Exception& exception) {
+        return exception.what();
+    }
+    return "";
+}
+
+/// A file with a content, which lives as long as this.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& content) {
+        char name[] = "/tmp/vorn-host-XXXXXX";
+        const int made = mkstemp(name);
+        path = name;
+        std::FILE* file = fdopen(made, "wb");
+        std::fwrite(content.data(), 1, content.size(), file);
+        std::fclose(file);
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() { std::remove(path.c_str()); }
+
+    std::string path;
+};
+
+#endif
