@@ -11,17 +11,9 @@ namespace {
 using Texts = std::vector<std::string>;
 
 const po::value_semantic* valueFor(Kind kind) {
-    switch (kind) {
-        case Kind::onOff:
-            return po::value<Texts>()->zero_tokens();  // a bool may occur only once
-        case Kind::integer:
-            return po::value<std::vector<int>>();
-        case Kind::number:
-            return po::value<std::vector<double>>();
-        case Kind::text:
-        case Kind::list:
-            break;
-    }
+    if (kind == Kind::onOff) return po::value<Texts>()->zero_tokens();  // a bool may occur only once
+    if (kind == Kind::integer) return po::value<std::vector<int>>();
+    if (kind == Kind::number) return po::value<std::vector<double>>();
     return po::value<Texts>();
 }
 
@@ -31,9 +23,8 @@ public:
         using namespace po::command_line_style;
         style = form == Form::full ? unix_style & ~allow_guessing : unix_style | allow_guessing;
         auto add = description.add_options();
-        for (const OptionSpec& option : options) {
+        for (const OptionSpec& option : options)
             add(option.names, valueFor(option.kind), option.description);
-        }
     }
 
     bool parse(CommandLine& line, Tally* found) override {
@@ -45,9 +36,7 @@ public:
                           .run(),
                       values);
             po::notify(values);
-            if (found != nullptr) {
-                *found = tally(values);
-            }
+            if (found != nullptr) *found = tally(values);
         } catch (const po::error&) {
             return false;
         }
@@ -58,9 +47,7 @@ private:
     Tally tally(const po::variables_map& values) const {
         Tally sum;
         for (const OptionSpec& option : options) {
-            if (values.count(option.name) != 0) {
-                add(sum, option.kind, values[option.name]);
-            }
+            if (values.count(option.name) != 0) add(sum, option.kind, values[option.name]);
         }
         return sum;
     }
@@ -91,15 +78,12 @@ private:
     int style;
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form form) {
-    return std::make_unique<BoostPeer>(options, form);
-}
-
 }  // namespace
 
-PeerInfo boostPeer() {
-    // Its time grows with the square of the number of arguments.
-    return {"Boost.Program_options", "all", true, true, true, 1000, make};
+const bool keepsAllValues = true;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form form) {
+    return std::make_unique<BoostPeer>(options, form);
 }
 
 }  // namespace bench

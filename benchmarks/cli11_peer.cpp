@@ -17,9 +17,8 @@ struct Bound {
 class Cli11Peer : public Peer {
 public:
     explicit Cli11Peer(const std::vector<OptionSpec>& options) {
-        for (const OptionSpec& option : options) {
+        for (const OptionSpec& option : options)
             add(option, bound.emplace_back());
-        }
     }
 
     bool parse(CommandLine& line, Tally* found) override {
@@ -28,9 +27,7 @@ public:
         } catch (const CLI::ParseError&) {
             return false;
         }
-        if (found != nullptr) {
-            *found = tally();
-        }
+        if (found != nullptr) *found = tally();
         return true;
     }
 
@@ -38,23 +35,11 @@ private:
     void add(const OptionSpec& option, Bound& target) {
         const char* names = option.dashedNames;
         const char* description = option.description;
-        switch (option.kind) {
-            case Kind::onOff:
-                app.add_flag(names, target.onOff, description);
-                break;
-            case Kind::integer:
-                one(app.add_option(names, target.integers, description));
-                break;
-            case Kind::number:
-                one(app.add_option(names, target.numbers, description));
-                break;
-            case Kind::text:
-                one(app.add_option(names, target.texts, description));
-                break;
-            case Kind::list:
-                one(app.add_option(names, target.texts, description))->delimiter(',');
-                break;
-        }
+        if (option.kind == Kind::onOff) app.add_flag(names, target.onOff, description);
+        if (option.kind == Kind::integer) one(app.add_option(names, target.integers, description));
+        if (option.kind == Kind::number) one(app.add_option(names, target.numbers, description));
+        if (option.kind == Kind::text) one(app.add_option(names, target.texts, description));
+        if (option.kind == Kind::list) one(app.add_option(names, target.texts, description))->delimiter(',');
     }
 
     // Otherwise an option with a vector takes the arguments that follow it, too.
@@ -75,12 +60,12 @@ private:
     std::deque<Bound> bound;  // never moves what the options point to
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form) {
-    return std::make_unique<Cli11Peer>(options);
-}
-
 }  // namespace
 
-PeerInfo cli11Peer() { return {"CLI11", "all", true, false, true, anyNumber, make}; }
+const bool keepsAllValues = true;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+    return std::make_unique<Cli11Peer>(options);
+}
 
 }  // namespace bench

@@ -1,9 +1,5 @@
-// cxxopts: parsing makes a result that owns all values. Compiled twice, with regular expressions and
-// without; the second time the library's namespace gets another name, since both are in one program.
-#ifdef BENCH_CXXOPTS_PLAIN
+// cxxopts: parsing makes a result that owns all values. Without its regular expressions, which are slower.
 #define CXXOPTS_NO_REGEX
-#define cxxopts cxxopts_without_regex
-#endif
 #include <cxxopts.hpp>
 
 #include "peer.h"
@@ -12,17 +8,9 @@ namespace bench {
 namespace {
 
 std::shared_ptr<cxxopts::Value> valueFor(Kind kind) {
-    switch (kind) {
-        case Kind::onOff:
-            return cxxopts::value<bool>();
-        case Kind::integer:
-            return cxxopts::value<std::vector<int>>();
-        case Kind::number:
-            return cxxopts::value<std::vector<double>>();
-        case Kind::text:
-        case Kind::list:
-            break;
-    }
+    if (kind == Kind::onOff) return cxxopts::value<bool>();
+    if (kind == Kind::integer) return cxxopts::value<std::vector<int>>();
+    if (kind == Kind::number) return cxxopts::value<std::vector<double>>();
     return cxxopts::value<std::vector<std::string>>();
 }
 
@@ -31,17 +19,14 @@ public:
     explicit CxxoptsPeer(const std::vector<OptionSpec>& registered)
         : options(registered), parser("bench", "Is measured.") {
         auto adder = parser.add_options();
-        for (const OptionSpec& option : options) {
+        for (const OptionSpec& option : options)
             adder(option.names, option.description, valueFor(option.kind));
-        }
     }
 
     bool parse(CommandLine& line, Tally* found) override {
         try {
             const cxxopts::ParseResult result = parser.parse(line.argc(), line.argv.data());
-            if (found != nullptr) {
-                *found = tally(result);
-            }
+            if (found != nullptr) *found = tally(result);
         } catch (const std::exception&) {
             return false;
         }
@@ -52,45 +37,28 @@ private:
     Tally tally(const cxxopts::ParseResult& result) const {
         Tally sum;
         for (const OptionSpec& option : options) {
-            if (result.count(option.name) != 0) {
-                add(sum, option.kind, result[option.name]);
-            }
+            if (result.count(option.name) != 0) add(sum, option.kind, result[option.name]);
         }
         return sum;
     }
 
     static void add(Tally& sum, Kind kind, const cxxopts::OptionValue& value) {
-        switch (kind) {
-            case Kind::onOff:
-                sum.switches += value.as<bool>();
-                break;
-            case Kind::integer:
-                sum.addAll(value.as<std::vector<int>>());
-                break;
-            case Kind::number:
-                sum.addAll(value.as<std::vector<double>>());
-                break;
-            case Kind::text:
-            case Kind::list:
-                sum.addAll(value.as<std::vector<std::string>>());
-                break;
-        }
+        if (kind == Kind::onOff) sum.switches += value.as<bool>();
+        if (kind == Kind::integer) sum.addAll(value.as<std::vector<int>>());
+        if (kind == Kind::number) sum.addAll(value.as<std::vector<double>>());
+        if (kind == Kind::text || kind == Kind::list) sum.addAll(value.as<std::vector<std::string>>());
     }
 
     const std::vector<OptionSpec>& options;
     cxxopts::Options parser;
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form) {
-    return std::make_unique<CxxoptsPeer>(options);
-}
-
 }  // namespace
 
-#ifdef BENCH_CXXOPTS_PLAIN
-PeerInfo cxxoptsPlainPeer() { return {"cxxopts without regex", "all", true, false, true, anyNumber, make}; }
-#else
-PeerInfo cxxoptsPeer() { return {"cxxopts", "all", true, false, true, anyNumber, make}; }
-#endif
+const bool keepsAllValues = true;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+    return std::make_unique<CxxoptsPeer>(options);
+}
 
 }  // namespace bench

@@ -28,34 +28,18 @@ public:
         opterr = 0;
         for (;;) {
             const int code = getopt_long(line.argc(), line.argv.data(), "", table.data(), nullptr);
-            if (code < firstCode) {
-                return code < 0;
-            }
-            if (found != nullptr) {
-                add(*found, static_cast<std::size_t>(code - firstCode), given);
-            }
+            if (code < firstCode) return code < 0;
+            if (found != nullptr) add(*found, static_cast<std::size_t>(code - firstCode), given);
         }
     }
 
 private:
     void add(Tally& tally, std::size_t index, std::vector<bool>& given) const {
-        switch (options[index].kind) {
-            case Kind::onOff:
-                tally.switches += !given[index];
-                break;
-            case Kind::integer:
-                tally.add(std::atoi(optarg));
-                break;
-            case Kind::text:
-                tally.add(optarg);
-                break;
-            case Kind::number:
-                tally.add(std::atof(optarg));
-                break;
-            case Kind::list:
-                tally.addList(optarg);
-                break;
-        }
+        if (options[index].kind == Kind::onOff) tally.switches += !given[index];
+        if (options[index].kind == Kind::integer) tally.add(std::atoi(optarg));
+        if (options[index].kind == Kind::text) tally.add(optarg);
+        if (options[index].kind == Kind::number) tally.add(std::atof(optarg));
+        if (options[index].kind == Kind::list) tally.addList(optarg);
         given[index] = true;
     }
 
@@ -63,12 +47,12 @@ private:
     std::vector<option> table;
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form) {
-    return std::make_unique<GetoptPeer>(options);
-}
-
 }  // namespace
 
-PeerInfo getoptPeer() { return {"getopt_long", "nothing, as text", true, true, false, anyNumber, make}; }
+const bool keepsAllValues = true;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+    return std::make_unique<GetoptPeer>(options);
+}
 
 }  // namespace bench

@@ -36,13 +36,9 @@ public:
 
     bool parse(CommandLine& line, Tally* found) override {
         for (std::size_t argument = 1; argument + 1 < line.argv.size(); ++argument) {
-            if (!take(std::string_view(line.argv[argument]))) {
-                return false;
-            }
+            if (!take(std::string_view(line.argv[argument]))) return false;
         }
-        if (found != nullptr) {
-            *found = tally();
-        }
+        if (found != nullptr) *found = tally();
         return true;
     }
 
@@ -56,9 +52,7 @@ private:
     }
 
     bool take(std::string_view argument) {
-        if (!argument.starts_with("--")) {
-            return false;
-        }
+        if (!argument.starts_with("--")) return false;
         argument.remove_prefix(2);
         const std::size_t end = std::min(argument.find('='), argument.size());
         const std::optional<std::size_t> index = find(argument.substr(0, end));
@@ -76,9 +70,7 @@ private:
 
     std::optional<std::size_t> findBeginning(std::string_view name) const {
         const auto entry = std::lower_bound(sorted.begin(), sorted.end(), std::pair(name, std::size_t(0)));
-        if (entry == sorted.end() || !entry->first.starts_with(name)) {
-            return std::nullopt;
-        }
+        if (entry == sorted.end() || !entry->first.starts_with(name)) return std::nullopt;
         const bool ambiguous =
             entry->first != name && entry + 1 != sorted.end() && (entry + 1)->first.starts_with(name);
         return ambiguous ? std::nullopt : std::optional(entry->second);
@@ -86,18 +78,10 @@ private:
 
     bool store(std::size_t index, std::string_view value) {
         HandSlot& slot = slots[index];
-        switch (options[index].kind) {
-            case Kind::onOff:
-                return slot.onOff = true;
-            case Kind::integer:
-                return readNumber(value, slot.integer);
-            case Kind::number:
-                return readNumber(value, slot.number);
-            case Kind::text:
-            case Kind::list:
-                slot.text = value;
-                break;
-        }
+        if (options[index].kind == Kind::onOff) return slot.onOff = true;
+        if (options[index].kind == Kind::integer) return readNumber(value, slot.integer);
+        if (options[index].kind == Kind::number) return readNumber(value, slot.number);
+        if (options[index].kind == Kind::text || options[index].kind == Kind::list) slot.text = value;
         return true;
     }
 
@@ -116,12 +100,12 @@ private:
     std::vector<std::pair<std::string_view, std::size_t>> sorted;
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form form) {
-    return std::make_unique<HandPeer>(options, form);
-}
-
 }  // namespace
 
-PeerInfo handPeer() { return {"by hand", "the last, as views", false, true, true, anyNumber, make}; }
+const bool keepsAllValues = false;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form form) {
+    return std::make_unique<HandPeer>(options, form);
+}
 
 }  // namespace bench

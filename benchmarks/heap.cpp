@@ -1,69 +1,27 @@
 #include "heap.h"
 
-#include <malloc.h>
+std::size_t bench::heapCalls = 0;
 
-#include "build.h"
-
-namespace {
-
-bool counting = false;
-bench::HeapUse use;
-
-[[maybe_unused]] void* taken(void* block) {
-    if (counting && block != nullptr) {
-        ++use.allocations;
-        use.liveBytes += static_cast<std::ptrdiff_t>(malloc_usable_size(block));
-    }
-    return block;
-}
-
-[[maybe_unused]] void given(void* block) {
-    if (counting && block != nullptr) {
-        use.liveBytes -= static_cast<std::ptrdiff_t>(malloc_usable_size(block));
-    }
-}
-
-}  // namespace
-
-#if !BENCH_SANITIZED
-// The program's definitions take the place of the C library's, for all shared libraries, too. Blocks from
-// the aligned functions, which stay the C library's, are given back here like any other.
+// The program's definitions take the place of the C library's, for all shared libraries, too.
 extern "C" {
 
 void* __libc_malloc(std::size_t);
 void* __libc_calloc(std::size_t, std::size_t);
 void* __libc_realloc(void*, std::size_t);
-void __libc_free(void*);
 
-void* malloc(std::size_t bytes) { return taken(__libc_malloc(bytes)); }
-
-void* calloc(std::size_t count, std::size_t bytes) { return taken(__libc_calloc(count, bytes)); }
-
-void* realloc(void* block, std::size_t bytes) {
-    given(block);
-    return taken(__libc_realloc(block, bytes));
+void* malloc(std::size_t bytes) {
+    ++bench::heapCalls;
+    return __libc_malloc(bytes);
 }
 
-void free(void* block) {
-    given(block);
-    __libc_free(block);
+void* calloc(std::size_t count, std::size_t bytes) {
+    ++bench::heapCalls;
+    return __libc_calloc(count, bytes);
+}
+
+void* realloc(void* block, std::size_t bytes) {
+    ++bench::heapCalls;
+    return __libc_realloc(block, bytes);
 }
 
 }  // extern "C"
-#endif
-
-namespace bench {
-
-bool heapIsCounted() { return !BENCH_SANITIZED; }
-
-void startHeapCount() {
-    use = HeapUse();
-    counting = true;
-}
-
-HeapUse stopHeapCount() {
-    counting = false;
-    return use;
-}
-
-}  // namespace bench

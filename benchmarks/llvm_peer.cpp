@@ -17,17 +17,9 @@ std::unique_ptr<cl::Option> makeOption(const OptionSpec& option, Value& target) 
 }
 
 std::unique_ptr<cl::Option> makeOptionFor(const OptionSpec& option, Slot& slot) {
-    switch (option.kind) {
-        case Kind::onOff:
-            return makeOption(option, slot.onOff);
-        case Kind::integer:
-            return makeOption(option, slot.integer);
-        case Kind::number:
-            return makeOption(option, slot.number);
-        case Kind::text:
-        case Kind::list:
-            break;
-    }
+    if (option.kind == Kind::onOff) return makeOption(option, slot.onOff);
+    if (option.kind == Kind::integer) return makeOption(option, slot.integer);
+    if (option.kind == Kind::number) return makeOption(option, slot.number);
     return makeOption(option, slot.text);
 }
 
@@ -51,9 +43,7 @@ public:
 
     bool parse(CommandLine& line, Tally* found) override {
         const bool parsed = cl::ParseCommandLineOptions(line.argc(), line.argv.data(), "", &llvm::nulls());
-        if (found != nullptr) {
-            *found = tallyOf(options, slots);
-        }
+        if (found != nullptr) *found = tallyOf(options, slots);
         return parsed;
     }
 
@@ -63,12 +53,12 @@ private:
     std::vector<std::unique_ptr<cl::Option>> entries;
 };
 
-std::unique_ptr<Peer> make(const std::vector<OptionSpec>& options, Form) {
-    return std::make_unique<LlvmPeer>(options);
-}
-
 }  // namespace
 
-PeerInfo llvmPeer() { return {"LLVM CommandLine", "the last", false, false, true, anyNumber, make}; }
+const bool keepsAllValues = false;
+
+std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+    return std::make_unique<LlvmPeer>(options);
+}
 
 }  // namespace bench

@@ -52,22 +52,6 @@ private:
     std::string all;
 };
 
-std::vector<OptionSpec> allOptions() {
-    static Literals names(mostOptions * 40);
-    static Literals otherTexts(mostOptions * 240);
-    std::vector<OptionSpec> options;
-    for (std::size_t index = 0; index < mostOptions; ++index) {
-        const std::string name = nameOf(index);
-        const std::string alias = "x" + std::to_string(index);
-        options.push_back(
-            {names.add(name), names.add(alias), otherTexts.add(name + "," + alias),
-             otherTexts.add("--" + name + ",--" + alias),
-             otherTexts.add("Says how " + name + " is to be treated when the input holds several."),
-             kindOf(index)});
-    }
-    return options;
-}
-
 // "archive-buffer-action" -> "archive-buffer-act"
 std::string cutLastWord(const std::string& name) { return name.substr(0, name.rfind('-') + 1 + keptLetters); }
 
@@ -85,54 +69,28 @@ std::string cutEveryWord(const std::string& name) {
 }
 
 std::string typedName(const OptionSpec& option, Form form) {
-    switch (form) {
-        case Form::full:
-            break;
-        case Form::prefix:
-            return cutLastWord(option.name);
-        case Form::everyWordCut:
-            return cutEveryWord(option.name);
-    }
+    if (form == Form::prefix) return cutLastWord(option.name);
+    if (form == Form::cut) return cutEveryWord(option.name);
     return option.name;
 }
 
 // Values differ from argument to argument, as file names and numbers do; the numbers are multiples of
 // an eighth, so that their sums are exact.
-std::string valueText(Kind kind, std::size_t index) {
+std::string valueText(Kind kind, std::size_t index, bool hasDecimalPoint) {
     const std::string digits = std::to_string(index);
-    switch (kind) {
-        case Kind::onOff:
-            break;
-        case Kind::integer:
-            return std::to_string(index * 37 % 100003);
-        case Kind::text:
-            return "build/source-" + digits + ".txt";
-        case Kind::number:
-            return digits + (index / 4 % 2 == 0 ? ".125" : ".75");
-        case Kind::list:
-            return "alpha" + digits + ",beta,gamma" + std::to_string(index % 100);
-    }
+    if (kind == Kind::integer) return std::to_string(index * 37 % 100003);
+    if (kind == Kind::text) return "build/source-" + digits + ".txt";
+    if (kind == Kind::number) return digits + (!hasDecimalPoint ? "" : index / 4 % 2 == 0 ? ".125" : ".75");
+    if (kind == Kind::list) return "alpha" + digits + ",beta,gamma" + std::to_string(index % 100);
     return {};
 }
 
 void addValue(Tally& tally, Kind kind, const std::string& value) {
-    switch (kind) {
-        case Kind::onOff:
-            ++tally.switches;
-            break;
-        case Kind::integer:
-            tally.add(std::stoi(value));
-            break;
-        case Kind::text:
-            tally.add(value);
-            break;
-        case Kind::number:
-            tally.add(std::stod(value));
-            break;
-        case Kind::list:
-            tally.addList(value);
-            break;
-    }
+    if (kind == Kind::onOff) ++tally.switches;
+    if (kind == Kind::integer) tally.add(std::stoi(value));
+    if (kind == Kind::text) tally.add(value);
+    if (kind == Kind::number) tally.add(std::stod(value));
+    if (kind == Kind::list) tally.addList(value);
 }
 
 // The option of the index-th argument: kinds take turns, and within a kind the walk jumps about but
@@ -144,18 +102,6 @@ std::size_t optionOfArgument(std::size_t index, std::size_t optionCount) {
 }
 
 }  // namespace
-
-const char* formName(Form form) {
-    switch (form) {
-        case Form::full:
-            break;
-        case Form::prefix:
-            return "prefix";
-        case Form::everyWordCut:
-            return "cut";
-    }
-    return "full";
-}
 
 void Tally::add(int value) {
     ++values;
@@ -185,14 +131,24 @@ void Tally::addList(std::string_view joined) {
 }
 
 std::vector<OptionSpec> makeOptions(std::size_t count) {
-    static const std::vector<OptionSpec> all = allOptions();
-    if (count == 0 || count > all.size()) {
-        throw std::out_of_range("there are 1 to " + std::to_string(all.size()) + " options");
+    // Never given back: a host's literals last as long as the process.
+    Literals& names = *new Literals(count * 40);
+    Literals& otherTexts = *new Literals(count * 240);
+    std::vector<OptionSpec> options;
+    for (std::size_t index = 0; index < count; ++index) {
+        const std::string name = nameOf(index);
+        const std::string alias = "x" + std::to_string(index);
+        options.push_back(
+            {names.add(name), names.add(alias), otherTexts.add(name + "," + alias),
+             otherTexts.add("--" + name + ",--" + alias),
+             otherTexts.add("Says how " + name + " is to be treated when the input holds several."),
+             kindOf(index)});
     }
-    return {all.begin(), all.begin() + static_cast<std::ptrdiff_t>(count)};
+    return options;
 }
 
-CommandLine makeCommandLine(const std::vector<OptionSpec>& options, std::size_t count, Form form) {
+CommandLine makeCommandLine(const std::vector<OptionSpec>& options, std::size_t count, Form form,
+                            bool hasDecimalPoints) {
     CommandLine line;
     std::vector<std::string> lastValues(options.size());
     std::vector<bool> given(options.size());
@@ -200,7 +156,7 @@ CommandLine makeCommandLine(const std::vector<OptionSpec>& options, std::size_t 
     for (std::size_t index = 0; index < count; ++index) {
         const std::size_t chosen = optionOfArgument(index, options.size());
         const OptionSpec& option = options[chosen];
-        const std::string value = valueText(option.kind, index);
+        const std::string value = valueText(option.kind, index, hasDecimalPoints);
         line.texts.push_back("--" + typedName(option, form) + (value.empty() ? "" : "=" + value));
         if (option.kind != Kind::onOff || !given[chosen]) {
             addValue(line.everything, option.kind, value);

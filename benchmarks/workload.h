@@ -25,14 +25,11 @@ struct OptionSpec {
 
 /// A quarter each of switches, integers and texts; the last quarter alternates numbers and lists.
 /// All names are different; up to 1000 options they have three words, beyond that four.
-constexpr std::size_t mostOptions = 20000;
 std::vector<OptionSpec> makeOptions(std::size_t count);
 
 /// How names are typed: in full, as the shortest beginning that ends in the last word, or with every
 /// word cut ("archive-buffer-action", "archive-buffer-act", "arc-buf-act").
-enum class Form { full, prefix, everyWordCut };
-constexpr Form allForms[] = {Form::full, Form::prefix, Form::everyWordCut};
-const char* formName(Form form);
+enum class Form { full, prefix, cut };
 
 /// What a parser found, summed so that it can be compared whatever the order. Switches count once per
 /// option, since most parsers keep no more.
@@ -69,8 +66,10 @@ struct CommandLine {
     int argc() const { return static_cast<int>(argv.size()) - 1; }
 };
 
-/// `count` arguments of the form --name=value (switches: --name), spread evenly over the options.
-CommandLine makeCommandLine(const std::vector<OptionSpec>& options, std::size_t count, Form form);
+/// `count` arguments of the form --name=value (switches: --name), spread evenly over the options. Without decimal
+/// points, no number needs to know the locale's.
+CommandLine makeCommandLine(const std::vector<OptionSpec>& options, std::size_t count, Form form,
+                            bool hasDecimalPoints = true);
 
 }  // namespace bench
 

@@ -5,22 +5,16 @@ set(vornPackageDir "${CMAKE_INSTALL_LIBDIR}/cmake/vorn")
 
 install(TARGETS vorn EXPORT vornTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
+  ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
 )
+if(TARGET vorn_host)
+  install(TARGETS vorn_host EXPORT vornTargets ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
+endif()
 install(DIRECTORY include/ DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development
   FILES_MATCHING PATTERN "*.h"
 )
-if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/docs/vorn.7")
-  # Compressed, as packages want it.
-  find_program(VORN_GZIP gzip REQUIRED)
-  execute_process(COMMAND "${VORN_GZIP}" -9nc docs/vorn.7 WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}"
-    OUTPUT_FILE "${PROJECT_BINARY_DIR}/vorn.7.gz" COMMAND_ERROR_IS_FATAL ANY)
-  install(FILES "${PROJECT_BINARY_DIR}/vorn.7.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man7" COMPONENT development)
-endif()
-foreach(document guide command-line)
-  if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/docs/${document}.md")
-    install(FILES docs/${document}.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
-  endif()
-endforeach()
+install(FILES docs/vorn.7 DESTINATION "${CMAKE_INSTALL_MANDIR}/man7" COMPONENT development)
+install(FILES docs/guide.md docs/command-line.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
 
 install(EXPORT vornTargets FILE vornTargets.cmake NAMESPACE vorn:: DESTINATION "${vornPackageDir}"
   COMPONENT development
@@ -44,7 +38,9 @@ foreach(dir LIBDIR INCLUDEDIR)
     set(vornPc${dir} "\${prefix}/${CMAKE_INSTALL_${dir}}")
   endif()
 endforeach()
-configure_file(cmake/vorn.pc.in "${PROJECT_BINARY_DIR}/vorn.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/vorn.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
-  COMPONENT development
-)
+foreach(name vorn vorn-host)
+  configure_file("cmake/${name}.pc.in" "${PROJECT_BINARY_DIR}/${name}.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/${name}.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+    COMPONENT development
+  )
+endforeach()

@@ -4,12 +4,13 @@
 set -euo pipefail
 PATH=$(cd "$1" && pwd):$PATH
 cd "$(dirname "${BASH_SOURCE[0]}")"
+export COLUMNS=80
 
 replay() {
     local line code
-    grep '^[$#]' transcript.txt | while IFS= read -r line; do
+    head -n 1 transcript.txt
+    grep '^\$ ' transcript.txt | while IFS= read -r line; do
         printf '%s\n' "$line"
-        [[ $line == '$ '* ]] || continue
         code=0
         (eval "${line#\$ }") 2>&1 < /dev/null || code=$?
         [ "$code" = 0 ] || echo "[exit code $code]"

@@ -4,10 +4,12 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "completion.h"
 #include "help.h"
 #include "process_environment.h"
 #include "shown_text.h"
 #include "table.h"
+#include "terminal.h"
 #include "vorn/host/parser.h"
 
 namespace vorn_3_1::host {
@@ -35,11 +37,24 @@ void warn(const detail::Table& table, const std::string& text) {
 }  // namespace
 
 Result Parser::parseOrExit(int argc, const char* const* argv) {
-    Outcome outcome = parse(detail::textsOf(argc, argv), detail::ProcessEnvironment());
     const detail::Table& root = *table;
-    if (outcome.asked == Outcome::Asked::version) show(root, root.names + " " + root.versionText + "\n");
+    std::vector<std::string> arguments = detail::textsOf(argc, argv);
+    std::string fault;
+    if (const auto output = detail::completionOutput(*table, arguments, fault)) show(root, *output);
+    if (!fault.empty()) {
+        warn(root, fault);
+        std::exit(wrongUsage);
+    }
+    Outcome outcome = parse(std::move(arguments), detail::ProcessEnvironment());
+    if (outcome.asked == Outcome::Asked::version) {
+        const detail::Table& asked = *outcome.askedParser->table;
+        show(root, detail::joined({asked.path(), " ", asked.versionText, "\n"}));
+    }
     if (outcome.asked == Outcome::Asked::help) {
-        show(root, detail::helpText(*outcome.askedParser->table, outcome.all, 80, false));
+        const HelpPage page =
+            detail::helpPage(*outcome.askedParser->table, outcome.all, detail::ProcessEnvironment());
+        show(root,
+             detail::terminalHelp(page, detail::outputColumns(), detail::outputHasColours(root.colours)));
     }
     for (const std::string& advice : outcome.warnings())
         warn(root, "warning: " + advice);

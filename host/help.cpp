@@ -1,14 +1,419 @@
 #include "help.h"
 
-namespace vorn_3_1::host::detail {
+#include <algorithm>
+#include <utility>
 
-std::string helpText(const Table& table, bool all, unsigned, bool) {
-    std::string text = "Usage: " + table.path() + " [OPTION...]\n\n" + table.description + "\n\n";
-    for (const Record& record : table.records) {
-        if (record.isHidden && !all) continue;
-        text.append("  ").append(record.shownName()).append("  ").append(record.description).append("\n");
+#include "process_environment.h"
+#include "shown_text.h"
+#include "terminal.h"
+#include "value_reader.h"
+
+namespace vorn_3_1::host {
+
+namespace detail {
+
+namespace {
+
+OptionInfo::Kind kindOf(const Record& record) {
+    switch (record.what) {
+        case What::option:
+            return OptionInfo::Kind::option;
+        case What::toggle:
+            return OptionInfo::Kind::toggle;
+        case What::count:
+            return OptionInfo::Kind::count;
+        case What::positional:
+            return OptionInfo::Kind::positional;
+        case What::rest:
+            return OptionInfo::Kind::rest;
+        default:
+            return OptionInfo::Kind::flag;
     }
-    return text;
 }
 
-}  // namespace vorn_3_1::host::detail
+bool isShort(std::string_view name) { return name.size() == 1; }
+
+std::vector<std::string> formsOf(const Record& record, const std::vector<std::string>& names) {
+    if (record.isPositional()) return {record.metavar()};
+    std::vector<std::string> forms;
+    for (const std::string& name : names) {
+        if (isShort(name)) forms.push_back(hyphened(name));
+    }
+    const bool isToggle = record.what == What::toggle;
+    for (const std::string& name : names) {
+        if (!isShort(name)) forms.push_back((isToggle ? "--[no-]" : "--") + name);
+    }
+    const bool isAllShort = forms.back().size() == 2;
+    if (isToggle && isAllShort) forms.push_back("--no-" + names.front());
+    return forms;
+}
+
+std::vector<std::string> textsOf(const Record& record, const Values& values) {
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < values.size(); ++i)
+        texts.push_back(record.shownValue(values, i));
+    return texts;
+}
+
+std::string onOrOff(bool isOn) { return isOn ? "on" : "off"; }
+
+std::vector<std::string> defaultsOf(const Record& record) {
+    if (record.defaults() == nullptr) return {};
+    std::vector<std::string> texts = textsOf(record, *record.defaults());
+    if (record.what == What::toggle) texts = {onOrOff(texts.front() == "yes")};
+    return texts;
+}
+
+/// The values that a variable gives an option, or none if one of them would be refused.
+std::vector<std::string> valuesIn(const Record& record, std::string_view text) {
+    const Owned<Values> values(record.type->make());
+    while (true) {
+        const std::size_t end =
+            record.separator != '\0' ? text.find(record.separator) : std::string_view::npos;
+        const std::string_view item = text.substr(0, end);
+        if (item.empty() || readValue(record, item, *values)) return {};
+        if (end == std::string_view::npos) return textsOf(record, *values);
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::vector<std::string> readVariable(const Record& record, const char* text) {
+    if (text == nullptr || *text == '\0') return {};
+    if (record.what == What::option) return valuesIn(record, text);
+    if (record.what == What::count) {
+        int count = 0;
+        if (!Type<int>::read(text, count).empty() || count < 0) return {};
+        return {std::to_string(count)};
+    }
+    bool isOn = false;
+    if (!Type<bool>::read(text, isOn).empty()) return {};
+    return {onOrOff(isOn)};
+}
+
+std::vector<std::string> excludedBy(const Table& table, unsigned index) {
+    std::vector<std::string> names;
+    for (const RuleGroup& group : table.groups) {
+        const std::vector<unsigned>& members = group.members;
+        if (std::find(members.begin(), members.end(), index) == members.end()) continue;
+        for (const unsigned member : members) {
+            if (member != index) names.emplace_back(table.records[member].firstName());
+        }
+    }
+    return names;
+}
+
+void describeDetails(const Table& table, const Record& record, const Environment& environment,
+                     OptionInfo& info) {
+    const Details& details = *record.details;
+    info.choices = record.choiceTexts();
+    info.defaults = defaultsOf(record);
+    if (details.limits.low) info.lowest = record.shownValue(*details.limits.low, 0);
+    if (details.limits.high) info.highest = record.shownValue(*details.limits.high, 0);
+    if (details.implicit) info.implicit = record.shownValue(*details.implicit, 0);
+    info.variable = details.environment;
+    if (!info.variable.empty()) info.fromVariable = readVariable(record, environment.find(info.variable));
+    for (const unsigned needed : details.needs)
+        info.needs.emplace_back(table.records[needed].firstName());
+    info.instead = details.instead;
+}
+
+}  // namespace
+
+OptionInfo infoOf(const Table& table, unsigned index, const Environment& environment) {
+    const Record& record = table.records[index];
+    OptionInfo info;
+    info.kind = kindOf(record);
+    info.names = record.allNames();
+    info.forms = formsOf(record, info.names);
+    if (record.hasValue()) info.metavar = record.metavar();
+    info.description = record.description;
+    if (!record.isBuiltIn()) info.group = record.group;
+    info.separator = record.separator;
+    info.takesRest = record.takesRest;
+    info.atLeast = record.takesRest ? record.atLeast : record.what == What::positional ? 1 : 0;
+    if (record.isOptional || record.defaults() != nullptr) info.atLeast = 0;
+    info.isRequired = record.isRequired || info.atLeast > 0;
+    info.isRepeated = record.isRepeated || record.separator != '\0' || record.what == What::count;
+    info.isHidden = record.isHidden;
+    info.isDeprecated = record.isDeprecated;
+    info.isGlobal = record.isGlobal;
+    info.isOnlyTyped = record.isOnlyTyped;
+    info.isBuiltIn = record.isBuiltIn();
+    info.excludes = excludedBy(table, index);
+    if (record.details) describeDetails(table, record, environment, info);
+    return info;
+}
+
+namespace {
+
+/// A value that may come from anywhere.
+std::string shownItem(const std::string& value) {
+    const bool isPlain = !value.empty() && value.find(' ') == std::string::npos;
+    return isPlain ? shown(value) : quoted(value);
+}
+
+std::string shownItems(const std::vector<std::string>& values, std::string_view separator) {
+    std::vector<std::string> items;
+    for (const std::string& value : values)
+        items.push_back(shownItem(value));
+    return listed(items, separator);
+}
+
+std::string hyphenedNames(const std::vector<std::string>& names) {
+    std::vector<std::string> shownNames;
+    for (const std::string& name : names)
+        shownNames.push_back(hyphened(name));
+    return listed(shownNames, ", ");
+}
+
+std::string rangeOf(const OptionInfo& info) {
+    if (info.lowest.empty() && info.highest.empty()) return {};
+    if (info.highest.empty()) return "at least " + shownItem(info.lowest);
+    if (info.lowest.empty()) return "at most " + shownItem(info.highest);
+    return joined({shownItem(info.lowest), " to ", shownItem(info.highest)});
+}
+
+std::string defaultOf(const OptionInfo& info) {
+    const std::string separator = info.separator != '\0' ? std::string(1, info.separator) : ", ";
+    if (!info.fromVariable.empty()) {
+        return joined({"default: ", shownItems(info.fromVariable, separator), ", from ", info.variable});
+    }
+    const bool isOff =
+        info.kind == OptionInfo::Kind::toggle && info.defaults == std::vector<std::string>{"off"};
+    return info.defaults.empty() || isOff ? std::string()
+                                          : "default: " + shownItems(info.defaults, separator);
+}
+
+std::vector<std::string> notesOf(const OptionInfo& info) {
+    std::vector<std::string> notes;
+    const auto add = [&notes](std::string_view title, const std::string& text) {
+        if (!text.empty()) notes.push_back(std::string(title) + text);
+    };
+    const bool areChoicesInMetavar = info.metavar == listed(info.choices, "|");
+    if (info.isDeprecated)
+        notes.push_back("deprecated" + (info.instead.empty() ? "" : ": " + shown(info.instead)));
+    if (!areChoicesInMetavar) add("one of: ", shownItems(info.choices, ", "));
+    add("", rangeOf(info));
+    if (info.isPositional() && info.atLeast > 1) notes.push_back("at least " + std::to_string(info.atLeast));
+    if (info.isRequired && !info.isPositional()) notes.emplace_back("required");
+    if (info.isRepeated) notes.emplace_back("can be repeated");
+    if (!info.implicit.empty()) notes.push_back("alone: " + shownItem(info.implicit));
+    add("", defaultOf(info));
+    if (info.fromVariable.empty()) add("environment: ", info.variable);
+    add("needs ", hyphenedNames(info.needs));
+    add("not with ", hyphenedNames(info.excludes));
+    return notes;
+}
+
+/// What stands behind the last form.
+std::string valueOf(const OptionInfo& info) {
+    if (info.isPositional()) return info.takesRest ? "..." : "";
+    if (!info.hasValue()) return {};
+    std::string value = info.metavar;
+    if (info.separator != '\0') value += escaped({&info.separator, 1}) + "...";
+    return info.implicit.empty() ? " " + value : "[=" + value + "]";
+}
+
+HelpEntry entryOf(const OptionInfo& info) {
+    return {info.forms, valueOf(info), info.description, notesOf(info)};
+}
+
+/// "IMAGE", "[IMAGE]", "IMAGE...", "[IMAGE...]".
+std::string positionalUsage(const OptionInfo& info) {
+    const std::string text = info.metavar + valueOf(info);
+    return info.atLeast > 0 ? text : "[" + text + "]";
+}
+
+std::string optionUsage(const OptionInfo& info) {
+    const std::string& form = info.forms.back();
+    return (info.kind == OptionInfo::Kind::toggle ? hyphened(info.names.back()) : form) + valueOf(info);
+}
+
+/// The help of one parser, put together.
+class PageMaker {
+public:
+    PageMaker(const Table& shown, bool all, const Environment& given)
+        : table(shown), showsAll(all), environment(given) {}
+
+    HelpPage make() {
+        page.program = programOf(table);
+        page.description = table.description;
+        page.epilogue = table.epilogue;
+        addUsage();
+        addPositionals();
+        addOptions();
+        addGlobals();
+        addCommands();
+        return std::move(page);
+    }
+
+private:
+    template <class Each>
+    void forEach(const Table& owner, Each each) const {
+        for (unsigned i = 0; i < owner.records.size(); ++i)
+            each(infoOf(owner, i, environment));
+    }
+
+    bool isShown(const OptionInfo& info) const { return showsAll || (!info.isHidden && !info.isDeprecated); }
+
+    /// "nctl --store PATH add": an outer parser's required options stand in front of the command.
+    std::string programOf(const Table& command) const {
+        if (!command.isCommand()) return command.names;
+        std::string program = programOf(*command.outer);
+        forEach(*command.outer, [&program](const OptionInfo& info) {
+            if (info.isRequired) program += " " + optionUsage(info);
+        });
+        return program + " " + command.names.substr(0, command.names.find(','));
+    }
+
+    void addUsage() {
+        std::vector<std::string> positionals;
+        std::vector<std::string> required;
+        bool hasOptional = false;
+        forEach(table, [&](const OptionInfo& info) {
+            if (info.isPositional()) {
+                positionals.push_back(positionalUsage(info));
+            } else if (info.isRequired) {
+                required.push_back(optionUsage(info));
+            } else {
+                hasOptional = hasOptional || isShown(info);
+            }
+        });
+        if (hasOptional) page.usage.emplace_back("[OPTION...]");
+        addAll(required);
+        addChoices();
+        addAll(positionals);
+        if (!table.commands.empty()) addAll({"COMMAND", "[ARGUMENT...]"});
+    }
+
+    void addAll(const std::vector<std::string>& words) {
+        page.usage.insert(page.usage.end(), words.begin(), words.end());
+    }
+
+    /// "{--from DATE | --all}" where one of them has to be given.
+    void addChoices() {
+        for (const RuleGroup& group : table.groups) {
+            if (!group.needsOne) continue;
+            std::vector<std::string> members;
+            for (const unsigned member : group.members) {
+                const OptionInfo info = infoOf(table, member, environment);
+                if (isShown(info)) members.push_back(optionUsage(info));
+            }
+            page.usage.push_back("{" + listed(members, " | ") + "}");
+        }
+    }
+
+    void addPositionals() {
+        HelpSection section = {HelpSection::Kind::arguments, "Arguments", {}};
+        forEach(table, [&](const OptionInfo& info) {
+            const bool saysMore = !info.description.empty() || !notesOf(info).empty();
+            if (info.isPositional() && isShown(info) && saysMore) section.entries.push_back(entryOf(info));
+        });
+        add(std::move(section));
+    }
+
+    void add(HelpSection section) {
+        if (!section.entries.empty()) page.sections.push_back(std::move(section));
+    }
+
+    /// Groups in the order in which they first occur. Those without come first; --help and the like at their end.
+    void addOptions() {
+        HelpSection own = {HelpSection::Kind::options, "Options", {}};
+        HelpSection builtIn = {HelpSection::Kind::options, "Options", {}};
+        std::vector<HelpSection> groups;
+        forEach(table, [&](const OptionInfo& info) {
+            if (info.isPositional() || !isShown(info)) return;
+            HelpSection& section = info.isBuiltIn       ? builtIn
+                                   : info.group.empty() ? own
+                                                        : sectionOf(groups, info.group);
+            section.entries.push_back(entryOf(info));
+        });
+        if (!own.entries.empty()) {
+            std::move(builtIn.entries.begin(), builtIn.entries.end(), std::back_inserter(own.entries));
+            builtIn.entries.clear();
+        }
+        add(std::move(own));
+        for (HelpSection& group : groups)
+            add(std::move(group));
+        if (!groups.empty()) builtIn.title = "Other options";
+        add(std::move(builtIn));
+    }
+
+    static HelpSection& sectionOf(std::vector<HelpSection>& sections, const std::string& title) {
+        for (HelpSection& section : sections) {
+            if (section.title == title) return section;
+        }
+        sections.push_back({HelpSection::Kind::options, title, {}});
+        return sections.back();
+    }
+
+    void addGlobals() {
+        HelpSection section = {HelpSection::Kind::globalOptions, "Global options", {}};
+        for (const Table* outer = table.outer; outer != nullptr; outer = outer->outer) {
+            forEach(*outer, [&](const OptionInfo& info) {
+                if (info.isGlobal && isShown(info)) section.entries.push_back(entryOf(info));
+            });
+        }
+        add(std::move(section));
+    }
+
+    void addCommands() {
+        HelpSection section = {HelpSection::Kind::commands, "Commands", {}};
+        for (const std::unique_ptr<Table>& command : table.commands) {
+            const std::string& about = command->description;
+            section.entries.push_back({namesOf(*command), "", about.substr(0, about.find('\n')), {}});
+        }
+        add(std::move(section));
+    }
+
+    static std::vector<std::string> namesOf(const Table& command) {
+        std::vector<std::string> names;
+        std::string_view rest = command.names;
+        for (std::size_t comma = rest.find(','); comma != std::string_view::npos; comma = rest.find(',')) {
+            names.emplace_back(rest.substr(0, comma));
+            rest.remove_prefix(comma + 1);
+        }
+        names.emplace_back(rest);
+        return names;
+    }
+
+    const Table& table;
+    bool showsAll;
+    const Environment& environment;
+    HelpPage page;
+};
+
+}  // namespace
+
+HelpPage helpPage(const Table& table, bool showsAll, const Environment& environment) {
+    return PageMaker(table, showsAll, environment).make();
+}
+
+void sealWithOuter(Table& table) {
+    if (table.outer != nullptr) sealWithOuter(*table.outer);
+    table.seal();
+}
+
+}  // namespace detail
+
+std::string Parser::help() const { return help(HelpStyle()); }
+
+std::string Parser::help(const HelpStyle& style) const {
+    return detail::terminalHelp(page(style), style.columns, style.hasColours);
+}
+
+HelpPage Parser::page(const HelpStyle& style) const {
+    detail::sealWithOuter(*table);
+    return detail::helpPage(*table, style.showsAll, detail::GivenEnvironment(style.environment));
+}
+
+std::vector<OptionInfo> Parser::options(const std::vector<Variable>& variables) const {
+    detail::sealWithOuter(*table);
+    const detail::GivenEnvironment environment(variables);
+    std::vector<OptionInfo> all;
+    for (unsigned i = 0; i < table->records.size(); ++i)
+        all.push_back(detail::infoOf(*table, i, environment));
+    return all;
+}
+
+}  // namespace vorn_3_1::host

@@ -12,20 +12,6 @@ namespace vorn_3_1::host {
 
 namespace {
 
-class GivenEnvironment final : public detail::Environment {
-public:
-    explicit GivenEnvironment(const std::vector<Variable>& given) : variables(given) {}
-    const char* find(const std::string& name) const override {
-        for (const Variable& variable : variables) {
-            if (variable.name == name) return variable.value.c_str();
-        }
-        return nullptr;
-    }
-
-private:
-    const std::vector<Variable>& variables;
-};
-
 /// While it lives, no other parse of the parser can begin.
 class Busy {
 public:
@@ -128,6 +114,21 @@ Parser& Parser::version(Text text) {
     return *this;
 }
 
+Parser& Parser::epilogue(Text text) {
+    table->epilogue = text;
+    return *this;
+}
+
+Parser& Parser::colours(Colours wanted) {
+    table->colours = wanted;
+    return *this;
+}
+
+Parser& Parser::completion(Text name) {
+    table->completionName = name;
+    return *this;
+}
+
 Parser& Parser::joinedShort() {
     table->readsJoinedShort = true;
     return *this;
@@ -173,15 +174,16 @@ Outcome Parser::parse(std::vector<std::string> texts, const detail::Environment&
 }
 
 Outcome Parser::parse(int argc, const char* const* argv, const std::vector<Variable>& environment) {
-    return parse(detail::textsOf(argc, argv), GivenEnvironment(environment));
+    return parse(detail::textsOf(argc, argv), detail::GivenEnvironment(environment));
 }
 
 Outcome Parser::parse(std::initializer_list<Text> arguments, const std::vector<Variable>& environment) {
-    return parse(std::vector<std::string>(arguments.begin(), arguments.end()), GivenEnvironment(environment));
+    return parse(std::vector<std::string>(arguments.begin(), arguments.end()),
+                 detail::GivenEnvironment(environment));
 }
 
 Outcome Parser::parse(const std::vector<std::string>& arguments, const std::vector<Variable>& environment) {
-    return parse(arguments, GivenEnvironment(environment));
+    return parse(arguments, detail::GivenEnvironment(environment));
 }
 
 void Parser::verify() {

@@ -389,8 +389,9 @@ void Table::enterBuiltIns() {
     if (!isThere(What::help) && !isTaken("help")) {
         enter(isTaken("h") ? "help" : "help,h", "Show this help and exit.", What::help, flag);
     }
-    const bool hidesSome =
-        std::any_of(records.begin(), records.end(), [](const Record& record) { return record.isHidden; });
+    const bool hidesSome = std::any_of(records.begin(), records.end(), [](const Record& record) {
+        return record.isHidden || record.isDeprecated;
+    });
     if (hidesSome && !isThere(What::helpAll) && !isTaken("help-all")) {
         enter("help-all", "Show the help with all options and exit.", What::helpAll, flag);
     }

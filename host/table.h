@@ -168,7 +168,10 @@ public:
     std::string names;                           ///< The program's name; of a command, all of its names.
     std::string description;
     std::string versionText;
+    std::string epilogue;
+    Colours colours = Colours::automatic;
     std::string_view group;  ///< Of what is declared next.
+    std::string completionName = "completion";  ///< Of the hidden option; empty if there is none.
     std::vector<Record> records;
     std::vector<std::unique_ptr<Table>> commands;
     std::vector<RuleGroup> groups;

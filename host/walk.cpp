@@ -43,6 +43,23 @@ bool meanSame(const std::vector<Meaning>& meanings) {
 
 std::string_view nameOf(std::string_view argument) { return argument.substr(0, argument.find('=')); }
 
+std::vector<Meaning> meaningsOf(Library& library, const std::vector<std::string>& names) {
+    std::vector<Meaning> meanings = library.ask(names);
+    for (Meaning& meaning : meanings) {
+        if (meaning.kind != Meaning::Kind::ambiguous) continue;
+        std::vector<std::string> forms;
+        for (const std::string& candidate : meaning.candidates)
+            forms.push_back("--" + candidate);
+        if (!meanSame(library.ask({forms[0], forms[1]}))) continue;  // seldom one option, so that two will do
+        std::vector<Meaning> each = library.ask(forms);
+        if (!meanSame(each)) continue;
+        // Reads the full name instead of the typed one.
+        each[0].candidates = {forms[0]};
+        meaning = std::move(each[0]);
+    }
+    return meanings;
+}
+
 bool canNameOption(std::string_view typed) {
     typed.remove_prefix(typed.substr(0, 2) == "--" ? 2 : 1);
     if (typed.substr(0, 1) == "-") return false;
@@ -273,22 +290,9 @@ void Walk::askAhead() {
         names.emplace_back(nameOf(text));
         asked.push_back(&*next);
     }
-    std::vector<Meaning> meanings = table.library->ask(names);
-    for (std::size_t i = 0; i < asked.size(); ++i) {
-        Meaning& meaning = meanings[i];
-        if (meaning.kind == Meaning::Kind::ambiguous) {
-            std::vector<std::string> forms;
-            for (const std::string& candidate : meaning.candidates)
-                forms.push_back("--" + candidate);
-            std::vector<Meaning> each = table.library->ask(forms);
-            if (meanSame(each)) {
-                // Reads the full name instead of the typed one.
-                each[0].candidates = {forms[0]};
-                meaning = std::move(each[0]);
-            }
-        }
-        asked[i]->meaning = std::move(meaning);
-    }
+    std::vector<Meaning> meanings = meaningsOf(*table.library, names);
+    for (std::size_t i = 0; i < asked.size(); ++i)
+        asked[i]->meaning = std::move(meanings[i]);
 }
 
 /// -vvq, -j4, -Idir: letter by letter, or not at all.

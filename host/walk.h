@@ -108,6 +108,10 @@ private:
     std::vector<Pending> todo;  ///< The next one last.
 };
 
+/// Asks the library for the meanings of typed names, with their hyphens. Names of one option that begin alike are no
+/// ambiguity, unless only one of them switches off.
+std::vector<Meaning> meaningsOf(Library& library, const std::vector<std::string>& names);
+
 /// Whether a typed name, with its hyphens, can name an option at all.
 bool canNameOption(std::string_view typed);
 

@@ -1,15 +1,15 @@
 // The typed value that crosses the interface: default values, allowed values and parsed values.
+//
+//     tamsu2::variant_t level(5);               // kind 6, int
+//     level = "fast";                           // kind 12, an owned copy of the text
+//     if (level.asString() != nullptr) ...      // null on every kind that is no narrow text
 #ifndef TAMSU2_VARIANT_H
 #define TAMSU2_VARIANT_H
 
+#include <stddef.h>
+
 #include "vorn/export.h"
 
-// Every file of every host reads this header, so it is made to cost next to nothing (scripts/compile-time):
-// - __SIZE_TYPE__, __INT32_TYPE__ and the like are the compiler's own names for std::size_t, std::int32_t. The
-//   standard's headers would cost more than the whole interface does.
-// - Constructors and assignments with a body are templates. A call deduces nothing and finds them as it would
-//   find any other, but a compiler only reads over a template's body until somebody calls it, and most files
-//   call none. (The price: before C++17 a returned variant is moved, where a true move constructor is left out.)
 namespace tamsu2 {
 
 /// What a variant_t holds, and what an option's values are. Every value from 0 to 17 may be cast to
@@ -32,7 +32,8 @@ enum qel_variant_type_t : int {
 /// A value of one of the kinds above. Copies own their texts and blocks.
 ///
 /// The layout is contract: 8 value bytes, then the 32-bit kind; 12 bytes in all on i386. Integers
-/// fill all 8 bytes: `int` is sign-extended, `bool` and `unsigned int` are zero-extended.
+/// fill all 8 bytes: `int` is sign-extended, `bool` and `unsigned int` are zero-extended. Of a text or
+/// a block, only the pointer counts, which fills the first bytes.
 ///
 /// Copying and building kinds 12, 13 and 16 obtain memory and may throw what the allocator throws
 /// (std::bad_alloc by default); a failed assignment leaves the target as it was. Nothing else throws.
@@ -40,53 +41,52 @@ class VORN_API variant_t {
 public:
     /// Gives the memory of every variant's owned text or block. A process may install another one by
     /// constructing a derived object in the place of m_mem, before the first variant owns memory; the
-    /// derived class adds no data. The slot order is contract.
+    /// derived class adds no data. The slot order is contract, and a destructor would take slots.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
     class VORN_API allocator_t {
     public:
-        virtual void release(void* block);          ///< Gives a block back; never null.
-        virtual void* obtain(__SIZE_TYPE__ bytes);  ///< A block of that size, or std::bad_alloc.
+        /// Gives a block back; never null.
+        virtual void release(void* block);
+
+        /// A block of that size, or std::bad_alloc.
+        virtual void* obtain(size_t bytes);
     };
 #pragma GCC diagnostic pop
     static allocator_t m_mem;
 
-    variant_t() noexcept = default;  ///< Empty: kind 17.
-    template <class = void>
-    variant_t(bool value) : bits(value), tag(qel_bool) {}
-    template <class = void>
-    variant_t(int value) : bits(value), tag(qel_int) {}
-    template <class = void>
-    variant_t(unsigned int value) : bits(value), tag(qel_uint) {}
+    /// Empty: kind 17.
+    variant_t() noexcept = default;
+
+    // Numbers.
+    variant_t(bool value) : content{value}, tag(qel_bool) {}
+    variant_t(int value) : content{value}, tag(qel_int) {}
+    variant_t(unsigned int value) : content{value}, tag(qel_uint) {}
     variant_t(long value);           ///< The signed kind of the same width.
     variant_t(unsigned long value);  ///< The unsigned kind of the same width.
-    template <class = void>
-    variant_t(long long value) : bits(value), tag(qel_int64) {}
-    template <class = void>
-    variant_t(unsigned long long value) : bits(static_cast<long long>(value)), tag(qel_uint64) {}
-    template <class = void>
-    variant_t(double value) : tag(qel_double) {
-        __builtin_memcpy(&bits, &value, sizeof bits);
-    }
-    variant_t(const char* text);                          ///< Copied; a null pointer stays null.
-    variant_t(const wchar_t* text);                       ///< Copied; a null pointer stays null.
-    variant_t(const void* bytes, __UINT32_TYPE__ count);  ///< Copied; null bytes stay null.
-    static variant_t borrowed(const char* text);          ///< Kind 14; the caller keeps the text.
-    static variant_t borrowed(const wchar_t* text);       ///< Kind 15; the caller keeps the text.
+    variant_t(long long value) : content{value}, tag(qel_int64) {}
+    variant_t(unsigned long long value) : content{static_cast<long long>(value)}, tag(qel_uint64) {}
+    variant_t(double value) : tag(qel_double) { content.number = value; }
 
+    // Texts and bytes. They are copied, and a null pointer stays null.
+    variant_t(const char* text);
+    variant_t(const wchar_t* text);
+    variant_t(const void* bytes, unsigned int count);
+
+    /// Kinds 14 and 15: the variant only points to the text, which the caller keeps alive.
+    static variant_t borrowed(const char* text);
+    static variant_t borrowed(const wchar_t* text);
+
+    /// An owned text or block is copied. Assigning a variant to itself does nothing.
     variant_t(const variant_t& other);
     variant_t& operator=(const variant_t& other);
 
-    // A moved variant is left empty.
-    template <class = void>
-    variant_t(variant_t&& other) noexcept : bits(other.bits), tag(other.tag) {
-        other.tag = qel_empty;
-    }
-    template <class = void>
+    /// Takes the value over and leaves `other` empty.
+    variant_t(variant_t&& other) noexcept : content(other.content), tag(other.tag) { other.tag = qel_empty; }
     variant_t& operator=(variant_t&& other) noexcept {
         if (this != &other) {
             release();
-            bits = other.bits;
+            content = other.content;
             tag = other.tag;
             other.tag = qel_empty;
         }
@@ -94,7 +94,7 @@ public:
     }
 
     ~variant_t() {
-        if ((0x13000 >> tag & 1) != 0) release();  // kinds 12, 13 and 16: a call less for all others
+        if (ownsMemory()) release();
     }
 
     qel_variant_type_t kind() const noexcept { return static_cast<qel_variant_type_t>(tag); }
@@ -113,7 +113,9 @@ public:
     const char* asString() const;
     const wchar_t* asWString() const;
     const void* asBlock() const;
-    __UINT32_TYPE__ blockSize() const;  ///< In bytes; 0 when there is no block.
+
+    /// In bytes; 0 when there is no block.
+    unsigned int blockSize() const;
 
     /// Equality by kinds. Integers compare by their 8 bytes whatever their kinds, so an `int` -1
     /// equals the largest unsigned 64-bit value. An integer meets a double as an unsigned 64-bit
@@ -123,11 +125,28 @@ public:
     friend VORN_API bool operator!=(const variant_t& left, const variant_t& right);
 
 private:
-    void release() noexcept;  // gives back what the value owns, if anything
+    union content_t {
+        long long integer;    // kinds 0 to 9
+        double number;        // kinds 10 and 11
+        const void* pointer;  // kinds 12 to 16
+    };
 
-    long long bits = 0;  // an integer, or the representation of a double or of a pointer
-    __INT32_TYPE__ tag = qel_empty;
+    bool ownsMemory() const noexcept {
+        return ((1 << qel_string | 1 << qel_wstring | 1 << qel_block) >> tag & 1) != 0;
+    }
+
+    template <class Target>
+    Target toInteger() const;
+
+    // Gives back what the value owns, if anything.
+    void release() noexcept;
+
+    content_t content = {0};
+    int tag = qel_empty;  // the kind
 };
+
+static_assert(sizeof(int) == 4 && sizeof(long long) == 8 && sizeof(double) == 8,
+              "8 value bytes and a 32-bit kind");
 
 }  // namespace tamsu2
 

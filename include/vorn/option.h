@@ -1,4 +1,7 @@
-// The builder that shapes one registered option.
+// The builder of one registered option.
+//
+//     parser->option("mode,m", "How to work.", tamsu2::qel_string, "")
+//         ->allowValue("fast")->allowValue("full")->defaultValue("full");
 #ifndef VORN_OPTION_H
 #define VORN_OPTION_H
 
@@ -6,7 +9,7 @@
 
 namespace vorn_3_1 {
 
-/// Shapes the option that IParser::option has just registered. Slot order is contract.
+/// Adds to the option that IParser::option has just registered. Slot order is contract.
 ///
 /// Every operation returns this builder, so calls chain. Nothing is checked: neither a value's kind
 /// against the option's type, nor a synonym against other names. Texts and values are copied. An

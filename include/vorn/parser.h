@@ -1,4 +1,7 @@
 // The parser, its events and its factory.
+//
+// A host makes a parser, registers its options, parses into a result, and asks the result. Handlers are for hosts that
+// want to hear of every option and value while the parse goes on, and to have a say in it.
 #ifndef VORN_PARSER_H
 #define VORN_PARSER_H
 
@@ -40,17 +43,33 @@ public:
 
 /// Bits of createParser's flags; all other bits have no effect.
 enum ParserFlags : int {
-    unknownIsError = 2,             ///< An unknown argument fails the parse; otherwise it is dropped.
-    positionalAfterTerminator = 4,  ///< Arguments after "--" go to the positional option, too.
-    hyphenNotPositional = 8,        ///< Before "--", nothing that begins with '-' is positional.
-    positionalRepeat = 16           ///< The first positional argument makes all later ones positional.
+    /// An unknown argument fails the parse; otherwise it is dropped.
+    unknownIsError = 2,
+
+    /// Arguments after "--" go to the positional option, too.
+    positionalAfterTerminator = 4,
+
+    /// An argument that begins with '-' is not positional. This does not hold after "--", nor for the
+    /// arguments that positionalRepeat takes.
+    hyphenNotPositional = 8,
+
+    /// The first positional argument makes all later ones positional, whatever they look like: options
+    /// and "--" included.
+    positionalRepeat = 16
 };
 
 /// Reads command lines by the options registered on it. Slot order is contract.
 ///
 /// Parse operations return 0 for success; 1 when a handler refused a value; 2 for an invalid value, a
 /// misused or ambiguous option, or an unknown one; 3 and 4 after a std::exception. What was stored
-/// before a failure stays stored. Nothing is thread-safe: a process parses on one thread at a time.
+/// before a failure stays stored.
+///
+/// Nothing is thread-safe. All parsers of a process share what registering and parsing draw numbers
+/// from, so a process registers options and parses on one thread at a time, whatever the parser.
+///
+/// A parser is a handler itself, and may be added to another one: it passes every event on to its own
+/// handlers, and so may the host by calling the event operations. What a handler throws passes through
+/// them, to the parse that raised the event or to the host that did.
 class IParser : public EventHandler {
 public:
     /// Ends the parser with all its options and every text that it has handed out. Results and
@@ -98,7 +117,8 @@ public:
     virtual const char* getDescription(bool hidden = false) = 0;
 
     /// Adds a handler, which the host keeps alive until it is removed or the parser is destroyed.
-    /// Handlers are called in ascending order of their addresses. False if it is null or was there.
+    /// Handlers are called in ascending order of their addresses. False if it is null, was there, or is
+    /// this parser itself. Parsers that handle each other in a ring end an event with a std::exception.
     virtual bool addHandler(EventHandler* handler) = 0;
 
     /// Removes a handler. False if it was not there.

@@ -12,17 +12,29 @@ namespace vorn_3_1 {
 /// A query that finds nothing answers with `text` null, a `status` other than 0, `position` INT_MAX
 /// and an empty `value`.
 struct Value {
-    const char* text;  ///< The value's text, or null. Kept by the parser (events) or the result (queries).
-    __INT32_TYPE__ status;    ///< 0 when the record holds a value; 1 for a miss; 3 after a std::exception.
-    __INT32_TYPE__ position;  ///< Position number; INT_MAX when nothing was found.
-    tamsu2::variant_t value;  ///< The typed value; empty for an option without values.
+    /// The value's text, or null. Kept by the parser (events) or the result (queries).
+    const char* text;
 
-    /// The text, or null when the status is not 0. as<const char*>() is the one form there is.
+    /// 0 when the record holds a value; 1 for a miss; 3 after a std::exception.
+    int status;
+
+    /// Position number; INT_MAX when nothing was found.
+    int position;
+
+    /// The typed value; empty for an option without values.
+    tamsu2::variant_t value;
+
+    /// The text, or null when the status is not 0: as<const char*>() is the one form there is.
     template <class T>
     T as() const {
-        return status == 0 ? *static_cast<const T*>(&text) : nullptr;
+        static_assert(sizeof(T) == 0, "a Value reads as const char* only");
     }
 };
+
+template <>
+inline const char* Value::as<const char*>() const {
+    return status == 0 ? text : nullptr;
+}
 
 }  // namespace vorn_3_1
 

@@ -18,7 +18,8 @@ public:
     ~basic_nullbuf() override = default;
 };
 
-// The stream is declared last, since it has to go before its buffer.
+// Made when somebody first takes the log while it is off, and kept until the library goes. The stream is declared
+// last, since it has to go before its buffer.
 struct NullLog {
     std::unique_ptr<basic_nullbuf<char>> buffer;
     std::unique_ptr<std::ostream> stream;

@@ -1,4 +1,11 @@
 // The diagnostic log: trace lines on the console, or nowhere.
+//
+// A user switches it on with the hidden first argument "vornoption=vornlogenable=1", whatever the host. Recognisers, the
+// registry and the parser then write what they find, one line each, led by the writer's name:
+//
+//     logLine("AbbreviationParser", ": parsing argument '", argument, "'");
+//
+//     AbbreviationParser: parsing argument '--level=5'
 #ifndef VORN_BASE_DIAGNOSTIC_LOG_H
 #define VORN_BASE_DIAGNOSTIC_LOG_H
 
@@ -8,7 +15,8 @@
 
 namespace vorn_3_1::internal {
 
-/// Whether the log is on. Written by BasicParser::parse only; keeps its value between parses.
+/// Whether the log is on, for the whole process. Written by BasicParser::parse only; keeps its value between
+/// parses.
 extern bool vornLogEnabled;
 
 /// The console while the log is on, otherwise a stream that discards everything, the same every time.
@@ -23,7 +31,8 @@ template <class... Pieces>
     writeLogLine({std::string_view(pieces)...});
 }
 
-/// The same, but while the log is off no piece is touched.
+/// The same, but while the log is off no piece is touched. What costs something to put together is put
+/// together by the caller only while vornLogEnabled.
 template <class... Pieces>
 inline void logLine(const Pieces&... pieces) {
     if (vornLogEnabled) [[unlikely]]

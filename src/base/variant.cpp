@@ -1,25 +1,33 @@
+// The typed value of the interface, with everything that is not inline in its header.
+//
+// A value is 8 bytes and a kind, and the kind says which member of the union the bytes are: an integer (0 to 9), a
+// floating number (10 and 11) or a pointer (12 to 16). No other member is ever read. On i386 a pointer fills half of the
+// bytes, and nothing looks at the other half.
+//
+// Hosts call all of this, and inside the library whoever handles default, allowed and parsed values does.
+//
+//     variant_t text("abc");    // obtains 4 bytes from m_mem
+//     variant_t copy(text);     // 4 more
+//     copy = 7;                 // gives the copy's 4 bytes back
 #include "tamsu2/variant.h"
 
-#include <bit>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 #include <cwchar>
 #include <limits>
+#include <new>
 #include <type_traits>
 #include <utility>
 
 namespace tamsu2 {
 
-static_assert(std::is_same_v<__SIZE_TYPE__, std::size_t> && std::is_same_v<__INT32_TYPE__, std::int32_t> &&
-              std::is_same_v<__UINT32_TYPE__, std::uint32_t> && sizeof(long long) == sizeof(double) &&
-              sizeof(long long) >= sizeof(void*));
-
-// The standard does not call a template a move constructor; what counts is that it moves.
 static_assert(std::is_nothrow_move_constructible_v<variant_t> &&
               std::is_nothrow_move_assignable_v<variant_t>);
 
 namespace {
+
+// A floating kind of the suite's other libraries. Nothing is converted to it or from it, but it compares.
+constexpr int otherFloating = 10;
 
 // The allocator that stands in m_mem now, which need not be the one that the compiler saw built there: it may
 // not conclude from the address which operations to call.
@@ -34,69 +42,66 @@ double roundedToDouble(double number) {
     return rounded;
 }
 
-// What the 8 value bytes hold besides an integer. A pointer fills the first of them.
-double numberIn(std::int64_t bits) { return std::bit_cast<double>(bits); }
-void* pointerIn(std::int64_t bits) {
-    void* pointer = nullptr;
-    std::memcpy(&pointer, &bits, sizeof pointer);
-    return pointer;
-}
-long long bitsOf(const void* pointer) {
-    long long bits = 0;
-    std::memcpy(&bits, &pointer, sizeof pointer);
-    return bits;
-}
+bool isInteger(int kind) { return kind >= qel_bool && kind <= qel_uint64; }
+bool isFloating(int kind) { return kind == otherFloating || kind == qel_double; }
+bool isNarrowText(int kind) { return kind == qel_string || kind == qel_string_ref; }
+bool isWideText(int kind) { return kind == qel_wstring || kind == qel_wstring_ref; }
 
-bool ownsMemory(std::int32_t kind) { return kind == qel_string || kind == qel_wstring || kind == qel_block; }
-bool isIntegerLike(std::int32_t kind) { return kind >= qel_bool && kind <= qel_uint64; }
-bool isNarrowText(std::int32_t kind) { return kind == qel_string || kind == qel_string_ref; }
-bool isWideText(std::int32_t kind) { return kind == qel_wstring || kind == qel_wstring_ref; }
-
-void* obtainCopy(const void* source, std::size_t bytes) {
+const void* obtainCopy(const void* source, std::size_t bytes) {
     void* copy = memory().obtain(bytes);
     std::memcpy(copy, source, bytes);
     return copy;
 }
 
-void* copyOfText(const char* text) {
+const void* copyOfText(const char* text) {
     return text == nullptr ? nullptr : obtainCopy(text, std::strlen(text) + 1);
 }
 
-void* copyOfText(const wchar_t* text) {
+const void* copyOfText(const wchar_t* text) {
     return text == nullptr ? nullptr : obtainCopy(text, (std::wcslen(text) + 1) * sizeof(wchar_t));
 }
 
-// An owned block begins with its byte count.
-constexpr std::size_t countBytes = sizeof(std::uint32_t);
+// A block in memory begins with its byte count:  | count, 4 bytes | the bytes ... |
+constexpr std::size_t countBytes = sizeof(unsigned int);
 
-std::uint32_t countOf(const void* block) {
-    std::uint32_t count = 0;
+unsigned int countOf(const void* block) {
+    unsigned int count = 0;
     if (block != nullptr) std::memcpy(&count, block, countBytes);
     return count;
 }
 
 const char* bytesOf(const void* block) { return static_cast<const char*>(block) + countBytes; }
 
-bool sameText(const char* left, const char* right) {
+const void* newBlock(const void* bytes, unsigned int count) {
+    const std::size_t size = countBytes + count;
+    if (size < count) throw std::bad_alloc();  // it has wrapped around, which 32 bits can
+    char* block = static_cast<char*>(memory().obtain(size));
+    std::memcpy(block, &count, countBytes);
+    std::memcpy(block + countBytes, bytes, count);
+    return block;
+}
+
+bool isSameText(const char* left, const char* right) {
     if (left == nullptr || right == nullptr) return left == right;
     return std::strcmp(left, right) == 0;
 }
 
-bool sameText(const wchar_t* left, const wchar_t* right) {
+bool isSameText(const wchar_t* left, const wchar_t* right) {
     if (left == nullptr || right == nullptr) return left == right;
     return std::wcscmp(left, right) == 0;
 }
 
-bool sameBlock(const void* left, const void* right) {
-    const std::uint32_t count = countOf(left);
+bool isSameBlock(const void* left, const void* right) {
+    const unsigned int count = countOf(left);
     return count == countOf(right) && (count == 0 || std::memcmp(bytesOf(left), bytesOf(right), count) == 0);
 }
 
-// A negative integer is read as a number above 2 to the power 63, and so equals no double: kept on purpose.
-bool sameNumber(std::int64_t integer, double number) {
-    return roundedToDouble(static_cast<double>(static_cast<std::uint64_t>(integer))) == number;
+// Kept on purpose: a negative integer is read as a number above 2 to the power 63, and so equals no number.
+bool isSameNumber(long long integer, double number) {
+    return roundedToDouble(static_cast<double>(static_cast<unsigned long long>(integer))) == number;
 }
 
+// The nearest number that the target type has.
 template <class Target, class Source>
 Target saturated(Source integer) {
     using Limits = std::numeric_limits<Target>;
@@ -111,17 +116,10 @@ Target saturated(double number) {
     // One above the largest value is a power of two and thus exact, which the largest value need not be.
     const Target half = Limits::max() / 2 + 1;
     const double end = static_cast<double>(half) * 2.0;
-    if (number != number) return 0;
+    if (number != number) return 0;  // not a number
     if (number <= static_cast<double>(Limits::min())) return Limits::min();
     if (number >= end) return Limits::max();
     return static_cast<Target>(number);
-}
-
-template <class Target>
-Target integerFrom(std::int32_t kind, std::int64_t bits) {
-    if (kind == qel_uint64) return saturated<Target>(static_cast<std::uint64_t>(bits));
-    if (isIntegerLike(kind)) return saturated<Target>(bits);
-    return kind == qel_double ? saturated<Target>(numberIn(bits)) : Target{0};
 }
 
 }  // namespace
@@ -132,44 +130,38 @@ void* variant_t::allocator_t::obtain(std::size_t bytes) { return ::operator new(
 // Set up at link time, so that hosts may build variants in their own static constructors.
 constinit variant_t::allocator_t variant_t::m_mem;
 
-variant_t::variant_t(long value) : bits(value), tag(sizeof(long) == sizeof(int) ? qel_int : qel_int64) {}
+variant_t::variant_t(long value) : content{value}, tag(sizeof(long) == sizeof(int) ? qel_int : qel_int64) {}
 variant_t::variant_t(unsigned long value)
-    : bits(static_cast<long long>(value)), tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {}
+    : content{static_cast<long long>(value)}, tag(sizeof(long) == sizeof(int) ? qel_uint : qel_uint64) {}
 
-variant_t::variant_t(const char* text) : bits(bitsOf(copyOfText(text))), tag(qel_string) {}
-variant_t::variant_t(const wchar_t* text) : bits(bitsOf(copyOfText(text))), tag(qel_wstring) {}
-
-variant_t::variant_t(const void* bytes, std::uint32_t count) : tag(qel_block) {
-    if (bytes == nullptr) return;
-    char* block = static_cast<char*>(memory().obtain(countBytes + count));
-    std::memcpy(block, &count, countBytes);
-    std::memcpy(block + countBytes, bytes, count);
-    bits = bitsOf(block);
+variant_t::variant_t(const char* text) : tag(qel_string) { content.pointer = copyOfText(text); }
+variant_t::variant_t(const wchar_t* text) : tag(qel_wstring) { content.pointer = copyOfText(text); }
+variant_t::variant_t(const void* bytes, unsigned int count) : tag(qel_block) {
+    content.pointer = bytes == nullptr ? nullptr : newBlock(bytes, count);
 }
 
 variant_t variant_t::borrowed(const char* text) {
     variant_t result;
-    result.bits = bitsOf(text);
+    result.content.pointer = text;
     result.tag = qel_string_ref;
     return result;
 }
 
 variant_t variant_t::borrowed(const wchar_t* text) {
     variant_t result;
-    result.bits = bitsOf(text);
+    result.content.pointer = text;
     result.tag = qel_wstring_ref;
     return result;
 }
 
-variant_t::variant_t(const variant_t& other) : bits(other.bits), tag(other.tag) {
-    if (!ownsMemory(tag) || bits == 0) return;
-    const void* source = pointerIn(other.bits);
+variant_t::variant_t(const variant_t& other) : content(other.content), tag(other.tag) {
+    if (!ownsMemory() || other.content.pointer == nullptr) return;
     if (tag == qel_string) {
-        bits = bitsOf(copyOfText(static_cast<const char*>(source)));
+        content.pointer = copyOfText(other.asString());
     } else if (tag == qel_wstring) {
-        bits = bitsOf(copyOfText(static_cast<const wchar_t*>(source)));
+        content.pointer = copyOfText(other.asWString());
     } else {
-        bits = bitsOf(obtainCopy(source, countBytes + countOf(source)));
+        content.pointer = newBlock(other.asBlock(), other.blockSize());
     }
 }
 
@@ -180,53 +172,61 @@ variant_t& variant_t::operator=(const variant_t& other) {
 }
 
 void variant_t::release() noexcept {
-    if (ownsMemory(tag) && bits != 0) memory().release(pointerIn(bits));
+    if (!ownsMemory() || content.pointer == nullptr) return;
+    memory().release(const_cast<void*>(content.pointer));
 }
 
 bool variant_t::asBool() const {
-    if (tag == qel_double) return numberIn(bits) < 0.0 || numberIn(bits) > 0.0;
-    return isIntegerLike(tag) && bits != 0;
+    if (tag == qel_double) return content.number < 0.0 || content.number > 0.0;
+    return isInteger(tag) && content.integer != 0;
 }
 
-int variant_t::asInt() const { return integerFrom<int>(tag, bits); }
-unsigned int variant_t::asUInt() const { return integerFrom<unsigned int>(tag, bits); }
-long long variant_t::asInt64() const { return integerFrom<long long>(tag, bits); }
-unsigned long long variant_t::asUInt64() const { return integerFrom<unsigned long long>(tag, bits); }
+template <class Target>
+Target variant_t::toInteger() const {
+    if (tag == qel_double) return saturated<Target>(content.number);
+    if (tag == qel_uint64) return saturated<Target>(static_cast<unsigned long long>(content.integer));
+    return isInteger(tag) ? saturated<Target>(content.integer) : Target{0};
+}
+
+int variant_t::asInt() const { return toInteger<int>(); }
+unsigned int variant_t::asUInt() const { return toInteger<unsigned int>(); }
+long long variant_t::asInt64() const { return toInteger<long long>(); }
+unsigned long long variant_t::asUInt64() const { return toInteger<unsigned long long>(); }
 
 double variant_t::asDouble() const {
-    if (tag == qel_double) return numberIn(bits);
-    if (!isIntegerLike(tag)) return 0.0;
-    return roundedToDouble(tag == qel_uint64 ? static_cast<double>(static_cast<std::uint64_t>(bits))
-                                             : static_cast<double>(bits));
+    if (tag == qel_double) return content.number;
+    if (!isInteger(tag)) return 0.0;
+    return roundedToDouble(tag == qel_uint64
+                               ? static_cast<double>(static_cast<unsigned long long>(content.integer))
+                               : static_cast<double>(content.integer));
 }
 
 const char* variant_t::asString() const {
-    return isNarrowText(tag) ? static_cast<const char*>(pointerIn(bits)) : nullptr;
+    return isNarrowText(tag) ? static_cast<const char*>(content.pointer) : nullptr;
 }
 
 const wchar_t* variant_t::asWString() const {
-    return isWideText(tag) ? static_cast<const wchar_t*>(pointerIn(bits)) : nullptr;
+    return isWideText(tag) ? static_cast<const wchar_t*>(content.pointer) : nullptr;
 }
 
 const void* variant_t::asBlock() const {
-    return tag == qel_block && bits != 0 ? bytesOf(pointerIn(bits)) : nullptr;
+    return tag == qel_block && content.pointer != nullptr ? bytesOf(content.pointer) : nullptr;
 }
 
-std::uint32_t variant_t::blockSize() const { return tag == qel_block ? countOf(pointerIn(bits)) : 0; }
+unsigned int variant_t::blockSize() const { return tag == qel_block ? countOf(content.pointer) : 0; }
 
 bool operator==(const variant_t& left, const variant_t& right) {
-    if (isIntegerLike(left.tag)) {
-        if (isIntegerLike(right.tag)) return left.bits == right.bits;
-        return right.tag == qel_double && sameNumber(left.bits, numberIn(right.bits));
+    const auto bothAre = [&](bool (*isOfGroup)(int)) { return isOfGroup(left.tag) && isOfGroup(right.tag); };
+    if (bothAre(isInteger)) return left.content.integer == right.content.integer;
+    if (bothAre(isFloating)) return left.content.number == right.content.number;
+    if (isInteger(left.tag) && isFloating(right.tag)) {
+        return isSameNumber(left.content.integer, right.content.number);
     }
-    if (left.tag == qel_double) {
-        if (right.tag == qel_double) return numberIn(left.bits) == numberIn(right.bits);
-        return isIntegerLike(right.tag) && sameNumber(right.bits, numberIn(left.bits));
-    }
-    if (isNarrowText(left.tag)) return isNarrowText(right.tag) && sameText(left.asString(), right.asString());
-    if (isWideText(left.tag)) return isWideText(right.tag) && sameText(left.asWString(), right.asWString());
+    if (isFloating(left.tag) && isInteger(right.tag)) return right == left;
+    if (bothAre(isNarrowText)) return isSameText(left.asString(), right.asString());
+    if (bothAre(isWideText)) return isSameText(left.asWString(), right.asWString());
     if (left.tag != right.tag) return false;
-    return left.tag != qel_block || sameBlock(pointerIn(left.bits), pointerIn(right.bits));
+    return left.tag != qel_block || isSameBlock(left.content.pointer, right.content.pointer);
 }
 
 bool operator!=(const variant_t& left, const variant_t& right) { return !(left == right); }

@@ -14,62 +14,60 @@ std::uint64_t drawNameListId() {
 
 }  // namespace
 
-OptionDescription::Record::Record(Registration registration, Garbage* textKeeper)
-    : Registration(std::move(registration)), keeper(textKeeper), nameListId(drawNameListId()) {}
-
-OptionDescription::OptionDescription(Registration registration, Garbage* textKeeper,
-                                     const RegistryLink& registryLink)
-    : record(std::make_shared<Record>(std::move(registration), textKeeper)), link(registryLink) {}
-
 // A builder operation either happens whole or leaves the option as it was.
 template <class Change>
-IOption* OptionDescription::shape(Change change) {
+IOption* OptionDescription::changeWhole(Change change) {
     try {
-        change(ownRecord());
+        if (context != nullptr) change();
     } catch (const std::exception&) {
     }
     return this;
 }
 
-OptionDescription::Record& OptionDescription::ownRecord() {
-    if (record.use_count() > 1) record = std::make_shared<Record>(*record);
-    return *record;
+OptionDescription::Values& OptionDescription::ownValues() {
+    if (values == nullptr) {
+        values = std::make_shared<Values>();
+    } else if (values.use_count() > 1) {
+        values = std::make_shared<Values>(*values);
+    }
+    return *values;
+}
+
+void OptionDescription::addName(std::string_view name, std::uint32_t hash) noexcept {
+    lastNumber = context->index.addName({name, hash, number, isSwitch()}, lastNumber);
+    if (nameCount++ == 0) firstNumber = lastNumber;
+    listId = drawNameListId();
 }
 
 IOption* OptionDescription::synonym(const char* name) {
-    return shape([&](Record& own) {
-        const std::string_view text = link.texts->copy(name == nullptr ? "" : name);
-        const OptionName added{text, hashOf(text)};
-        if (link.index != nullptr) link.index->reserveNames(1);
-        own.names.push_back(added);
-        own.nameListId = drawNameListId();
-        if (link.index == nullptr) return;
-        const auto ordinal = static_cast<unsigned>(own.names.size() - 1);
-        link.index->addName({text, link.option, ordinal, isSwitch()}, added.hash);
+    return changeWhole([&] {
+        context->index.reserveNames(1);
+        const std::string_view text = context->texts.copy(name == nullptr ? "" : name);
+        addName(text, hashOf(text));
     });
 }
 
 IOption* OptionDescription::allowValue(const tamsu2::variant_t& value) {
-    return shape([&](Record& own) { own.allowedValues.push_back(value); });
+    return changeWhole([&] { ownValues().allowed.push_back(value); });
 }
 
 IOption* OptionDescription::defaultValue(const tamsu2::variant_t& value) {
-    return shape([&](Record& own) {
+    return changeWhole([&] {
         tamsu2::variant_t copy = value;
-        if (link.index != nullptr) link.index->addDefaulted(link.option);
-        own.defaultValue = std::move(copy);
-        own.hasDefault = true;
+        Values& own = ownValues();
+        context->index.addDefaulted(number);
+        own.byDefault = std::move(copy);
     });
 }
 
 IOption* OptionDescription::tokenize(char separator) {
-    return shape([&](Record& own) { own.tokenizer = separator; });
+    return changeWhole([&] { separatorCharacter = separator; });
 }
 
 IOption* OptionDescription::positional() {
-    return shape([&](Record& own) {
-        own.isPositional = true;
-        if (link.index != nullptr) link.index->addPositional(link.option);
+    return changeWhole([&] {
+        takesPositional = true;
+        context->index.addPositional(number);
     });
 }
 

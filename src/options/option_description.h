@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,35 +13,32 @@
 #include "options/option_index.h"
 #include "tamsu2/variant.h"
 #include "text/garbage.h"
-#include "text/number_text.h"
 #include "vorn/option.h"
 
 namespace vorn_3_1::internal {
 
-/// A name with its hash. The registry keeps the text, which is followed by a NUL.
-using OptionName = TextEntry;
+/// What an option and its registry tell each other of. Lives in the registry.
+struct OptionContext {
+    OptionIndex index;
+    TextArena texts;
+    Garbage* keeper;  // the parser's; not owned
+};
 
 /// What a registration fixes; the builder adds the rest.
 struct Registration {
-    std::vector<OptionName> names;
     std::string_view description;
-    unsigned group = 0;  // index in the registry
+    unsigned group = 0;  // number in the registry
     tamsu2::qel_variant_type_t type = tamsu2::qel_empty;
 };
 
-/// Where a description reports what the registry derives from it. Not owned; both live in the registry.
-struct RegistryLink {
-    OptionIndex* index = nullptr;  // null in the registry's fallback
-    TextArena* texts = nullptr;
-    unsigned option = 0;
-};
-
-/// Copies share one record until a builder operation gives the description a record of its own. So the copy
-/// that a recogniser takes costs next to nothing, and stays as it was when a handler shapes the very
-/// option that is being parsed.
+/// A copy costs next to nothing, and stays as it is when the builder shapes the option: recognisers take one
+/// where a handler may shape the very option that is being parsed.
 class OptionDescription final : public IOption {
 public:
-    OptionDescription(Registration registration, Garbage* textKeeper, const RegistryLink& registryLink);
+    /// Without a context it is the registry's fallback, which nothing shapes.
+    OptionDescription() = default;
+    OptionDescription(const Registration& registration, unsigned ownNumber, OptionContext& registry)
+        : registered(registration), number(ownNumber), context(&registry) {}
 
     IOption* synonym(const char* name) override;
     IOption* allowValue(const tamsu2::variant_t& value) override;
@@ -47,26 +46,44 @@ public:
     IOption* tokenize(char separator) override;
     IOption* positional() override;
 
-    const std::vector<OptionName>& names() const { return record->names; }
-    /// Followed by a NUL. Throws std::out_of_range when the option has no names.
-    std::string_view firstName() const {
+    /// Adds a name, whose text the registry keeps. There has to be room for it in the index.
+    void addName(std::string_view name, std::uint32_t hash) noexcept;
+
+    /// Throws std::out_of_range when the option has no names.
+    const RegisteredName& firstOfNames() const {
+        const std::vector<RegisteredName>& all = context->index.names();
         // at() is a call, and made only where it is to throw.
         // cppcheck-suppress containerOutOfBounds
-        return (names().empty() ? names().at(0) : names().front()).key();
+        return nameCount == 0 ? all.at(none) : all[firstNumber];
     }
-    unsigned group() const { return record->group; }
-    std::string_view description() const { return record->description; }
-    bool isPositional() const { return record->isPositional; }
-    bool hasDefault() const { return record->hasDefault; }
-    bool isSwitch() const { return record->type == tamsu2::qel_bool; }
-    char tokenizer() const { return record->tokenizer; }
-    tamsu2::qel_variant_type_t type() const { return record->type; }
-    const tamsu2::variant_t& defaultValue() const { return record->defaultValue; }
-    const std::vector<tamsu2::variant_t>& allowedValues() const { return record->allowedValues; }
-    Garbage* keeper() const { return record->keeper; }
+    /// The same as a text, which is followed by a NUL.
+    std::string_view firstName() const { return firstOfNames().key(); }
+    /// Calls `use` with every name, in the order in which they were added.
+    template <class Use>
+    void eachName(Use use) const {
+        unsigned name = firstNumber;
+        for (unsigned left = nameCount; left > 0; --left) {
+            const RegisteredName& current = context->index.names()[name];
+            use(current);
+            name = current.next;
+        }
+    }
+    unsigned group() const { return registered.group; }
+    std::string_view description() const { return registered.description; }
+    bool isPositional() const { return takesPositional; }
+    bool hasDefault() const { return values != nullptr && values->byDefault.has_value(); }
+    bool isSwitch() const { return registered.type == tamsu2::qel_bool; }
+    char tokenizer() const { return separatorCharacter; }
+    tamsu2::qel_variant_type_t type() const { return registered.type; }
+    /// Only where there is one.
+    const tamsu2::variant_t& defaultValue() const { return *values->byDefault; }
+    std::span<const tamsu2::variant_t> allowedValues() const {
+        return values == nullptr ? std::span<const tamsu2::variant_t>() : values->allowed;
+    }
+    Garbage* keeper() const { return context->keeper; }
 
     /// Identifies this list of names: no two lists of the process ever have the same number, and never 0.
-    std::uint64_t nameListId() const { return record->nameListId; }
+    std::uint64_t nameListId() const { return listId; }
 
     /// 0 for a registered option; on the registry's fallback, the code of the last refused registration.
     std::int32_t status = 0;
@@ -84,37 +101,35 @@ public:
     /// text itself is the value and nobody may want a copy), and `text` has become the whole allowed value
     /// where it was a beginning of one, which lives in this option. False: `error` says why, and `value`
     /// is not to be used.
-    bool validate(std::string_view& text, tamsu2::variant_t& value, Numerals numerals,
-                  std::string& error) const;
+    bool validate(std::string_view& text, tamsu2::variant_t& value, std::string& error) const;
 
 private:
-    struct Record : Registration {
-        Record(Registration registration, Garbage* textKeeper);
-
-        bool isPositional = false;
-        bool hasDefault = false;
-        char tokenizer = ',';
-        tamsu2::variant_t defaultValue;
-        std::vector<tamsu2::variant_t> allowedValues;
-        Garbage* keeper;
-        std::uint64_t nameListId;
+    // What few options have. Copies of the description share it until the builder changes it.
+    struct Values {
+        std::optional<tamsu2::variant_t> byDefault;
+        std::vector<tamsu2::variant_t> allowed;
     };
 
-    template <class Operation>
-    bool typedOperation(Operation& operation) const;
-
     // The text holds no NUL, or is one: then it is no number, as "" is none.
-    bool convert(std::string_view text, tamsu2::variant_t& value, Numerals numerals) const;
+    bool convert(std::string_view text, tamsu2::variant_t& value) const;
 
     template <class Change>
-    IOption* shape(Change change);
-    Record& ownRecord();
+    IOption* changeWhole(Change change);
+    Values& ownValues();
     bool isAllowed(std::string_view text, const tamsu2::variant_t& value) const;
     unsigned expandBeginning(std::string_view& text) const;
     std::string listOfAllowedValues() const;
 
-    std::shared_ptr<Record> record;
-    RegistryLink link;
+    Registration registered;
+    unsigned number = none;
+    unsigned firstNumber = none;  // of its names
+    unsigned lastNumber = none;
+    unsigned nameCount = 0;
+    bool takesPositional = false;
+    char separatorCharacter = ',';
+    std::uint64_t listId = 0;
+    std::shared_ptr<Values> values;  // null until there are any
+    OptionContext* context = nullptr;
 };
 
 }  // namespace vorn_3_1::internal

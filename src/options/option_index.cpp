@@ -4,22 +4,17 @@
 
 namespace vorn_3_1::internal {
 
-void OptionIndex::reserveNames(std::size_t more) {
-    uses.reserve(more);
-    const std::size_t needed = journal.size() + more;
-    if (needed > journal.capacity()) journal.reserve(std::max(needed, journal.capacity() * 2));
-}
-
-void OptionIndex::addName(const RegisteredName& name, std::uint32_t hash) noexcept {
-    const auto count = [&name](Spelling& spelling) {
-        spelling.option = std::min(spelling.option, name.option);
-        ++spelling.count;
-    };
-    NameUse* use = uses.find(name.text(), hash);
-    if (use == nullptr) use = &uses.add({{name.text(), hash}, {}, {}});
-    count(use->options);
-    if (name.isSwitch) count(use->switches);
-    journal.push_back(name);
+unsigned OptionIndex::addName(const RegisteredName& name, unsigned previous) noexcept {
+    const auto number = static_cast<unsigned>(names().size());
+    if (previous != none) table.at(previous).next = number;
+    if (RegisteredName* first = table.find(name.key(), name.hash)) {
+        first->isTwice = true;
+        first->isOfAnySwitch |= name.isOfSwitch;
+        table.addHidden(name);
+    } else {
+        table.add(name, name.hash);
+    }
+    return number;
 }
 
 void OptionIndex::addPositional(unsigned option) noexcept { positional = std::min(positional, option); }
@@ -29,16 +24,22 @@ void OptionIndex::addDefaulted(unsigned option) {
     if (place == withDefault.end() || *place != option) withDefault.insert(place, option);
 }
 
-OptionIndex::Spelling OptionIndex::find(std::string_view name, std::uint32_t hash) const {
-    const NameUse* known = uses.find(name, hash);
-    Spelling spelling = known == nullptr ? Spelling{} : known->options;
-    if (name.starts_with(negation)) {
-        if (const NameUse* negated = uses.find(name.substr(negation.size()))) {
-            spelling.option = std::min(spelling.option, negated->switches.option);
-            spelling.count += negated->switches.count;
-        }
-    }
-    return spelling;
+const RegisteredName* OptionIndex::findNegated(std::string_view text) const {
+    if (!text.starts_with(negation)) return nullptr;
+    const RegisteredName* name = table.find(text.substr(negation.size()));
+    return name == nullptr || !name->isOfAnySwitch ? nullptr : name;
+}
+
+bool OptionIndex::isTaken(std::string_view text, std::uint32_t hash) const {
+    return table.find(text, hash) != nullptr || findNegated(text) != nullptr;
+}
+
+NameMatch OptionIndex::findExactly(std::string_view typed) const {
+    const RegisteredName* asItIs = table.find(typed);
+    const RegisteredName* negated = findNegated(typed);
+    const RegisteredName* found = asItIs == nullptr ? negated : asItIs;
+    if (found == nullptr || found->isTwice || (asItIs != nullptr && negated != nullptr)) return {};
+    return {numberOf(*found), found == negated};
 }
 
 }  // namespace vorn_3_1::internal

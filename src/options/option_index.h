@@ -1,4 +1,4 @@
-// Everything that is derived from the registered options, so that no walk over them is needed.
+// What is derived from the registered options, so that no walk over them is needed.
 #ifndef VORN_OPTIONS_OPTION_INDEX_H
 #define VORN_OPTIONS_OPTION_INDEX_H
 
@@ -13,47 +13,60 @@ namespace vorn_3_1::internal {
 /// What turns a switch's name into its other form.
 constexpr std::string_view negation = "no-";
 
-/// One name of one option, in the order in which the names were added.
+/// Instead of a number of an option or a name.
+constexpr unsigned none = ~0u;
+
+/// One name of one option.
 struct RegisteredName {
-    RegisteredName() = default;
-    RegisteredName(std::string_view ownText, unsigned ownOption, unsigned ownOrdinal, bool ofSwitch)
-        : start(ownText.data()),
-          length(static_cast<std::uint32_t>(ownText.size())),
-          option(ownOption),
-          ordinal(ownOrdinal),
-          isSwitch(ofSwitch) {}
+    RegisteredName(std::string_view text, std::uint32_t textHash, unsigned ofOption, bool ofSwitch)
+        : start(text.data()),
+          length(static_cast<std::uint32_t>(text.size())),
+          hash(textHash),
+          option(ofOption),
+          isOfSwitch(ofSwitch),
+          isOfAnySwitch(ofSwitch) {}
 
-    std::string_view text() const { return {start, length}; }
+    /// Followed by a NUL.
+    std::string_view key() const { return {start, length}; }
 
-    const char* start = nullptr;
-    std::uint32_t length = 0;
-    unsigned option = 0;    // index in the registry
-    unsigned ordinal = 0;   // which of the option's names it is
-    bool isSwitch = false;  // answers to "no-" as well
+    const char* start;
+    std::uint32_t length;
+    std::uint32_t hash;
+    unsigned option;       // its number in the registry
+    unsigned next = none;  // the option's next name
+    bool isOfSwitch;       // answers to "no-" as well
+    bool isOfAnySwitch;    // this name or a later one of the same text answers to "no-"; on the first of them
+    bool isTwice = false;  // there is a later one of the same text; on the first of them
+};
+
+/// A name that a typed name stands for, or one of several that it may stand for.
+struct NameMatch {
+    unsigned name = none;
+    bool negated = false;
 };
 
 /// Owned by the registry and told of every name, positional flag and default in the very operation that
 /// adds it; nothing is ever removed. So it is never stale, and whoever derives more from the names
-/// (WordTree) only has to read those that were added since.
+/// (NameSearch) only has to read those that were added since.
 class OptionIndex {
 public:
-    static constexpr unsigned none = ~0u;
-
     /// Makes room for `more` names, after which as many addName calls do not throw.
-    void reserveNames(std::size_t more);
-    void addName(const RegisteredName& name, std::uint32_t hash) noexcept;
+    void reserveNames(std::size_t more) { table.reserve(more); }
+
+    /// Adds a name to the option's list of names, whose last one so far is `previous`, or none. Returns its number.
+    unsigned addName(const RegisteredName& name, unsigned previous) noexcept;
 
     void addPositional(unsigned option) noexcept;
     void addDefaulted(unsigned option);
 
-    struct Spelling {
-        unsigned option = none;  // the first in order of registration that answers to it
-        unsigned count = 0;      // how many names and "no-" forms are spelled exactly so
-    };
-    Spelling find(std::string_view name) const { return find(name, hashOf(name)); }
-    Spelling find(std::string_view name, std::uint32_t hash) const;
+    /// Whether the text is a name, or the "no-" form of a switch's.
+    bool isTaken(std::string_view text, std::uint32_t hash) const;
 
-    const std::vector<RegisteredName>& names() const { return journal; }
+    /// The name that is spelled exactly so, or in its "no-" form; none when it is not exactly one.
+    NameMatch findExactly(std::string_view typed) const;
+
+    /// In the order in which they were added.
+    const std::vector<RegisteredName>& names() const { return table.all(); }
 
     /// The positional option that was registered first, or none.
     unsigned firstPositional() const { return positional; }
@@ -62,13 +75,13 @@ public:
     const std::vector<unsigned>& defaulted() const { return withDefault; }
 
 private:
-    struct NameUse : TextEntry {
-        Spelling options;
-        Spelling switches;
-    };
+    // The name whose "no-" form the text is.
+    const RegisteredName* findNegated(std::string_view text) const;
+    unsigned numberOf(const RegisteredName& name) const {
+        return static_cast<unsigned>(&name - names().data());
+    }
 
-    TextTable<NameUse> uses;
-    std::vector<RegisteredName> journal;
+    TextTable<RegisteredName> table;
     std::vector<unsigned> withDefault;
     unsigned positional = none;
 };

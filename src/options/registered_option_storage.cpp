@@ -1,9 +1,9 @@
 #include "options/registered_option_storage.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <ostream>
-#include <utility>
 
 #include "base/diagnostic_log.h"
 #include "base/strings.h"
@@ -30,8 +30,28 @@ void reportTakenName(std::string_view name) {
 
 }  // namespace
 
-RegisteredOptionStorage::RegisteredOptionStorage(Garbage* textKeeper)
-    : keeper(textKeeper), fallback(Registration{}, textKeeper, {nullptr, &texts, 0}) {}
+/// The names of a registration, as far as an option can have so many and one more.
+class RegisteredOptionStorage::NameList {
+public:
+    struct Item {
+        std::string_view text;
+        std::uint32_t hash = 0;
+    };
+
+    explicit NameList(std::string_view names) {
+        SeparatedText pieces(names, ',');
+        for (std::string_view piece; count < items.size() && pieces.next(piece); ++count)
+            items[count] = {piece, hashOf(piece)};
+    }
+
+    const Item* begin() const { return items.data(); }
+    const Item* end() const { return items.data() + count; }
+    std::size_t size() const { return count; }
+
+private:
+    std::array<Item, mostNames + 1> items;
+    std::size_t count = 0;
+};
 
 IOption* RegisteredOptionStorage::option(const char* names, const char* description,
                                          tamsu2::qel_variant_type_t type, const char* group) {
@@ -47,75 +67,53 @@ IOption* RegisteredOptionStorage::add(const char* names, const char* description
     fallback.status = unfinished;  // stays after a success, too
     Registration registration;
     registration.group = fileGroup(textOrEmpty(group));
-    registration.names = split(textOrEmpty(names));
-    if (validateName(registration.names) != 0) {
+    const NameList list(textOrEmpty(names));
+    if (!isAcceptable(list)) {
         fallback.status = namesRefused;
         return &fallback;
     }
-    registration.description = texts.copy(textOrEmpty(description));
+    registration.description = context.texts.copy(textOrEmpty(description));
     registration.type = type;
-    return append(std::move(registration));
+    std::array<std::string_view, mostNames> texts;
+    std::ranges::transform(list, texts.begin(),
+                           [this](const NameList::Item& name) { return context.texts.copy(name.text); });
+    context.index.reserveNames(list.size());
+    OptionDescription& added = descriptions.emplace_back(registration, size(), context);
+    const std::string_view* text = texts.data();
+    for (const NameList::Item& name : list)
+        added.addName(*text++, name.hash);
+    return &added;
 }
 
-// The index of the group, filed under the part before the first ':'. The rest is its title; the first title
+// The number of the group, filed under the part before the first ':'. The rest is its title; the first title
 // of a group stays. A registration that is then refused has filed its group all the same.
 unsigned RegisteredOptionStorage::fileGroup(std::string_view group) {
     const std::size_t colon = group.find(':');
     const std::string_view name = group.substr(0, colon);
-    const std::uint32_t hash = hashOf(name);
-    if (const auto* known = groupsByName.find(name, hash)) return known->index;
+    const auto place = std::ranges::lower_bound(groupsByName, name, {},
+                                                [this](unsigned number) { return groupList[number].name; });
+    if (place != groupsByName.end() && groupList[*place].name == name) return *place;
 
     const std::string_view title = colon == std::string_view::npos ? "" : group.substr(colon + 1);
-    groupsByName.reserve(1);
-    groupList.push_back({texts.copy(name), texts.copy(title)});
-    const auto index = static_cast<unsigned>(groupList.size() - 1);
-    groupsByName.add({{groupList.back().name, hash}, index});
-    return index;
-}
-
-std::vector<OptionName> RegisteredOptionStorage::split(std::string_view names) {
-    std::vector<OptionName> list;
-    list.reserve(static_cast<std::size_t>(std::ranges::count(names, ',')) + 1);
-    SeparatedText pieces(names, ',');
-    for (std::string_view piece; pieces.next(piece);)
-        list.emplace_back(texts.copy(piece), hashOf(piece));
-    return list;
-}
-
-int RegisteredOptionStorage::validateName(const std::vector<OptionName>& names) const {
-    if (names.size() > mostNames) return namesRefused;
-    if (names.size() == mostNames && names[2].key().size() > longestThirdName) return namesRefused;
-    unsigned option = 0;
-    if (findOption(names, option) != 0) return 0;
-    reportTakenName(names[0].key());  // whichever name it was
-    return namesRefused;
-}
-
-OptionDescription* RegisteredOptionStorage::append(Registration registration) {
-    const unsigned option = size();
-    derived.reserveNames(registration.names.size());
-    OptionDescription& added =
-        pool.add(std::move(registration), keeper, RegistryLink{&derived, &texts, option});
-    descriptions.push_back(&added);
-    unsigned ordinal = 0;
-    for (const OptionName& name : added.names()) {
-        derived.addName({name.key(), option, ordinal++, added.isSwitch()}, name.hash);
+    const auto number = static_cast<unsigned>(groupList.size());
+    groupList.push_back({context.texts.copy(name), context.texts.copy(title)});
+    try {
+        groupsByName.insert(place, number);
+    } catch (...) {
+        groupList.pop_back();
+        throw;
     }
-    return &added;
+    return number;
 }
 
-int RegisteredOptionStorage::findOption(const std::vector<OptionName>& names, unsigned& option) const {
-    for (const OptionName& name : names) {
-        if (isAdded(name, option) == 0) return 0;
-    }
-    return 1;
-}
-
-int RegisteredOptionStorage::isAdded(const OptionName& name, unsigned& option) const {
-    const unsigned found = derived.find(name.key(), name.hash).option;
-    if (found == OptionIndex::none) return 1;
-    option = found;
-    return 0;
+bool RegisteredOptionStorage::isAcceptable(const NameList& names) const {
+    if (names.size() > mostNames) return false;
+    if (names.size() == mostNames && names.begin()[mostNames - 1].text.size() > longestThirdName)
+        return false;
+    const bool isTaken = std::ranges::any_of(
+        names, [this](const NameList::Item& name) { return context.index.isTaken(name.text, name.hash); });
+    if (isTaken) reportTakenName(names.begin()->text);  // whichever name it was
+    return !isTaken;
 }
 
 }  // namespace vorn_3_1::internal

@@ -2,15 +2,13 @@
 #ifndef VORN_OPTIONS_REGISTERED_OPTION_STORAGE_H
 #define VORN_OPTIONS_REGISTERED_OPTION_STORAGE_H
 
+#include <deque>
 #include <string_view>
 #include <vector>
 
 #include "options/option_description.h"
 #include "options/option_index.h"
 #include "text/garbage.h"
-#include "text/pool.h"
-#include "text/text_arena.h"
-#include "text/text_table.h"
 
 namespace vorn_3_1::internal {
 
@@ -23,7 +21,7 @@ struct OptionGroup {
 class RegisteredOptionStorage {
 public:
     /// The keeper is handed to every description; not owned.
-    explicit RegisteredOptionStorage(Garbage* textKeeper);
+    explicit RegisteredOptionStorage(Garbage* textKeeper) : context{{}, {}, textKeeper} {}
     RegisteredOptionStorage(const RegisteredOptionStorage&) = delete;
     RegisteredOptionStorage& operator=(const RegisteredOptionStorage&) = delete;
 
@@ -32,37 +30,23 @@ public:
     IOption* option(const char* names, const char* description, tamsu2::qel_variant_type_t type,
                     const char* group);
 
-    const OptionDescription& description(unsigned option) const { return *descriptions[option]; }
+    const OptionDescription& description(unsigned option) const { return descriptions[option]; }
     unsigned size() const { return static_cast<unsigned>(descriptions.size()); }
     const std::vector<OptionGroup>& groups() const { return groupList; }
-    const OptionIndex& index() const { return derived; }
-
-    /// Finds the first option that answers to one of the names, earlier names first; a switch answers to
-    /// its "no-" forms as well. Returns 0 with the index set, or 1.
-    int findOption(const std::vector<OptionName>& names, unsigned& option) const;
-
-    /// findOption for one name, so 0 means that the name is taken.
-    int isAdded(const OptionName& name, unsigned& option) const;
+    const OptionIndex& index() const { return context.index; }
 
 private:
-    struct FiledGroup : TextEntry {
-        unsigned index = 0;
-    };
+    class NameList;
 
     IOption* add(const char* names, const char* description, tamsu2::qel_variant_type_t type,
                  const char* group);
     unsigned fileGroup(std::string_view group);
-    std::vector<OptionName> split(std::string_view names);
-    int validateName(const std::vector<OptionName>& names) const;
-    OptionDescription* append(Registration registration);
+    bool isAcceptable(const NameList& names) const;
 
-    TextArena texts;
-    OptionIndex derived;
-    Pool<OptionDescription> pool;
-    std::vector<OptionDescription*> descriptions;  // by index
+    OptionContext context;
+    std::deque<OptionDescription> descriptions;
     std::vector<OptionGroup> groupList;
-    TextTable<FiledGroup> groupsByName;
-    Garbage* keeper;
+    std::vector<unsigned> groupsByName;  // their numbers, in order of their names
     OptionDescription fallback;
 };
 

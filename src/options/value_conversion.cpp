@@ -1,7 +1,17 @@
-// Between texts and typed values. The option's type alone decides: typedOperation calls an operation's
-// execute for the C type that stands behind it.
+// Between texts and typed values. The option's type alone decides:
+//
+//     type                  from a text            to a text     in messages
+//     qel_bool              "1"                    "1"           undefined
+//     qel_int, qel_uint     "12", "12abc"          "12"          integer, unsigned integer
+//     qel_int64             "-12"                  "-12"         64 bit integer
+//     qel_uint64            "12", "0xC", "Ch"      "12"          unsigned 64 bit or hex
+//     qel_double            "1.5"                  "1.5"         double
+//     qel_string            any                    itself        string
+//     any other             none                   ""            (nothing)
+//
+// Validation converts what the user typed. The result store and the help write defaults and allowed values.
+#include <string>
 #include <string_view>
-#include <type_traits>
 
 #include "options/option_description.h"
 #include "text/number_text.h"
@@ -10,137 +20,103 @@ namespace vorn_3_1::internal {
 
 namespace {
 
-template <class Type>
-using As = std::type_identity<Type>;
-
-// The form decides on the base: "0x" and hexadecimal digits, or hexadecimal digits and "h".
+// "0x" and hexadecimal digits, or hexadecimal digits and "h", make a number hexadecimal. What has neither is decimal,
+// also where it has the digits: "ff" is no number.
 Base baseOf(std::string_view text) {
     const auto isHexadecimal = [](std::string_view digits) {
         return digits.find_first_not_of("1234567890ABCDEFabcdef") == std::string_view::npos;
     };
-    if ((text.starts_with("0x") || text.starts_with("0X")) && isHexadecimal(text.substr(2))) {
-        return Base::hexadecimal;
-    }
-    if ((text.ends_with('h') || text.ends_with('H')) && isHexadecimal(text.substr(0, text.size() - 1))) {
-        return Base::hexadecimal;
-    }
+    const bool hasPrefix = text.starts_with("0x") || text.starts_with("0X");
+    if (hasPrefix && isHexadecimal(text.substr(2))) return Base::hexadecimal;
+    const bool hasSuffix = text.ends_with('h') || text.ends_with('H');
+    if (hasSuffix && isHexadecimal(text.substr(0, text.size() - 1))) return Base::hexadecimal;
     return Base::decimal;
 }
 
-// Fills the target, or leaves it as it was when the text is no value of the type.
-struct OperationFromString {
-    std::string_view text;
-    tamsu2::variant_t& target;
-    Numerals numerals;
+// Sets the value, or leaves it as it was when the text is no such number.
+template <class Number>
+bool readInto(tamsu2::variant_t& value, std::string_view text, Base base = Base::decimal) {
+    Number number{};
+    if (!readNumber(text, base, number)) return false;
+    value = tamsu2::variant_t(number);
+    return true;
+}
 
-    template <class Number>
-    bool execute(As<Number>) {
-        return read<Number>(Base::decimal);
+// A value of another kind than the type converts by value between numbers; a text where there is none is "".
+std::string textOf(tamsu2::qel_variant_type_t type, const tamsu2::variant_t& value) {
+    switch (type) {
+        case tamsu2::qel_bool:
+            return writeNumber(value.asBool());
+        case tamsu2::qel_int:
+            return writeNumber(value.asInt());
+        case tamsu2::qel_uint:
+            return writeNumber(value.asUInt());
+        case tamsu2::qel_int64:
+            return writeNumber(value.asInt64());
+        case tamsu2::qel_uint64:
+            return writeNumber(value.asUInt64());
+        case tamsu2::qel_double:
+            return writeNumber(value.asDouble());
+        case tamsu2::qel_string:
+            return value.asString() == nullptr ? "" : value.asString();
+        default:
+            return "";
     }
-    bool execute(As<unsigned long long>) { return read<unsigned long long>(baseOf(text)); }
-    bool execute(As<const char*>) {
-        target = tamsu2::variant_t(std::string(text).c_str());
-        return true;
-    }
-
-private:
-    template <class Number>
-    bool read(Base base) {
-        Number number{};
-        if (!readNumber(text, base, number, numerals)) return false;
-        target = tamsu2::variant_t(number);
-        return true;
-    }
-};
-
-// A value of another kind converts by value between numbers; a text where there is none is "".
-struct OperationToString {
-    const tamsu2::variant_t& value;
-    std::string text;
-
-    bool execute(As<bool>) { return write(value.asBool()); }
-    bool execute(As<int>) { return write(value.asInt()); }
-    bool execute(As<unsigned int>) { return write(value.asUInt()); }
-    bool execute(As<long long>) { return write(value.asInt64()); }
-    bool execute(As<unsigned long long>) { return write(value.asUInt64()); }
-    bool execute(As<double>) { return write(value.asDouble()); }
-    bool execute(As<const char*>) {
-        const char* source = value.asString();
-        if (source != nullptr) text = source;
-        return true;
-    }
-
-private:
-    template <class Number>
-    bool write(Number number) {
-        text = writeNumber(number);
-        return true;
-    }
-};
-
-struct OperatorGetTypeName {
-    std::string name;
-
-    bool execute(As<bool>) { return set("undefined"); }  // Kept on purpose.
-    bool execute(As<int>) { return set("integer"); }
-    bool execute(As<unsigned int>) { return set("unsigned integer"); }
-    bool execute(As<long long>) { return set("64 bit integer"); }
-    bool execute(As<unsigned long long>) { return set("unsigned 64 bit or hex"); }
-    bool execute(As<double>) { return set("double"); }
-    bool execute(As<const char*>) { return set("string"); }
-
-private:
-    bool set(const char* typeName) {
-        name = typeName;
-        return true;
-    }
-};
+}
 
 }  // namespace
 
-template <class Operation>
-bool OptionDescription::typedOperation(Operation& operation) const {
+std::string OptionDescription::getTypeName() const {
     switch (type()) {
         case tamsu2::qel_bool:
-            return operation.execute(As<bool>{});
+            return "undefined";  // kept on purpose
         case tamsu2::qel_int:
-            return operation.execute(As<int>{});
+            return "integer";
         case tamsu2::qel_uint:
-            return operation.execute(As<unsigned int>{});
+            return "unsigned integer";
         case tamsu2::qel_int64:
-            return operation.execute(As<long long>{});
+            return "64 bit integer";
         case tamsu2::qel_uint64:
-            return operation.execute(As<unsigned long long>{});
+            return "unsigned 64 bit or hex";
         case tamsu2::qel_double:
-            return operation.execute(As<double>{});
+            return "double";
         case tamsu2::qel_string:
-            return operation.execute(As<const char*>{});
+            return "string";
+        default:
+            return "";
+    }
+}
+
+tamsu2::variant_t OptionDescription::fromString(std::string_view text) const {
+    tamsu2::variant_t value;
+    convert(text.substr(0, text.find('\0')), value);
+    return value;
+}
+
+bool OptionDescription::convert(std::string_view text, tamsu2::variant_t& value) const {
+    switch (type()) {
+        case tamsu2::qel_bool:
+            return readInto<bool>(value, text);
+        case tamsu2::qel_int:
+            return readInto<int>(value, text);
+        case tamsu2::qel_uint:
+            return readInto<unsigned int>(value, text);
+        case tamsu2::qel_int64:
+            return readInto<long long>(value, text);
+        case tamsu2::qel_uint64:
+            return readInto<unsigned long long>(value, text, baseOf(text));
+        case tamsu2::qel_double:
+            return readInto<double>(value, text);
+        case tamsu2::qel_string:
+            value = tamsu2::variant_t(std::string(text).c_str());
+            return true;
         default:
             return false;
     }
 }
 
-std::string OptionDescription::getTypeName() const {
-    OperatorGetTypeName operation;
-    typedOperation(operation);
-    return operation.name;
-}
-
-tamsu2::variant_t OptionDescription::fromString(std::string_view text) const {
-    tamsu2::variant_t value;
-    convert(text.substr(0, text.find('\0')), value, currentNumerals());
-    return value;
-}
-
-bool OptionDescription::convert(std::string_view text, tamsu2::variant_t& value, Numerals numerals) const {
-    OperationFromString operation{text, value, numerals};
-    return typedOperation(operation);
-}
-
 const char* OptionDescription::toString(Garbage* textKeeper, const tamsu2::variant_t& value) const {
-    OperationToString operation{value, {}};
-    typedOperation(operation);
-    return textKeeper->init(operation.text.c_str());
+    return textKeeper->init(textOf(type(), value).c_str());
 }
 
 }  // namespace vorn_3_1::internal

@@ -1,5 +1,15 @@
 // Whether an option accepts a value text, and every message that says why not.
+//
+// The recognisers call validate for every value, and for every item of a list. With the allowed values fast, full and
+// fuller:
+//
+//     fast    accepted
+//     fa      accepted, and becomes fast: it is the beginning of this value alone
+//     full    accepted as it is, though fuller begins with it, too
+//     fu      refused: ambiguous
+//     x       refused: not allowed
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 #include "options/option_description.h"
@@ -7,12 +17,30 @@
 
 namespace vorn_3_1::internal {
 
-bool OptionDescription::validate(std::string_view& text, tamsu2::variant_t& value, Numerals numerals,
-                                 std::string& error) const {
+namespace {
+
+// "follows" in both messages is the wording that hosts know: kept on purpose.
+
+std::string ambiguous(std::string_view option, std::string_view allowed) {
+    return joined({"Ambiguous value for option '", option, "'. Possible values follows: ", allowed});
+}
+
+std::string notAllowed(std::string_view option, std::string_view text, std::string_view allowed) {
+    return joined(
+        {"Option '", option, "' does not allow value '", text, "'. Possible values follows: ", allowed});
+}
+
+std::string notOfType(std::string_view option, std::string_view text, std::string_view type) {
+    return joined(
+        {"Option '", option, "' can not parse '", text, "' value, requires a type '", type, "' here."});
+}
+
+}  // namespace
+
+bool OptionDescription::validate(std::string_view& text, tamsu2::variant_t& value, std::string& error) const {
     const bool isText = type() == tamsu2::qel_string;
-    if (!isText && !convert(text, value, numerals)) {
-        error = joined({"Option '", firstName(), "' can not parse '", text, "' value, requires a type '",
-                        getTypeName(), "' here."});
+    if (!isText && !convert(text, value)) {
+        error = notOfType(firstName(), text, getTypeName());
         return false;
     }
     // A whole allowed value counts before it counts as the beginning of another one.
@@ -20,12 +48,8 @@ bool OptionDescription::validate(std::string_view& text, tamsu2::variant_t& valu
 
     const unsigned matches = isText ? expandBeginning(text) : 0;
     if (matches == 1) return true;
-    // "follows" in both messages is the wording that hosts know.
     const std::string list = listOfAllowedValues();
-    error = matches == 0
-                ? joined({"Option '", firstName(), "' does not allow value '", text,
-                          "'. Possible values follows: ", list})
-                : joined({"Ambiguous value for option '", firstName(), "'. Possible values follows: ", list});
+    error = matches == 0 ? notAllowed(firstName(), text, list) : ambiguous(firstName(), list);
     return false;
 }
 
@@ -54,6 +78,7 @@ unsigned OptionDescription::expandBeginning(std::string_view& text) const {
     return matches;
 }
 
+// "'fast', 'full', 'fuller'"
 std::string OptionDescription::listOfAllowedValues() const {
     std::string list;
     for (const tamsu2::variant_t& allowed : allowedValues()) {

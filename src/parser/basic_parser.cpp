@@ -1,3 +1,4 @@
+// What a parser does beside parsing and writing help: its making, its results, registering, handlers, the last error.
 #include "parser/basic_parser.h"
 
 #include <exception>
@@ -11,32 +12,19 @@ namespace {
 // Room for every fixed error text, so that reporting that memory ran out needs none.
 constexpr std::size_t roomForFixedErrors = 64;
 
-template <class Event>
-bool falseOnException(Event event) {
-    try {
-        return event();
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
 }  // namespace
 
 BasicParser::BasicParser(int parserFlags) : storage(&garbage), flags(parserFlags), handlers(garbage) {
     lastError.reserve(roomForFixedErrors);
 }
 
-bool BasicParser::onOptionParse(const char* name) {
-    return falseOnException([&] { return handlers.onOptionParse(name); });
-}
+bool BasicParser::onOptionParse(const char* name) { return handlers.onOptionParse(name); }
 
 bool BasicParser::onValueParse(const char* name, const Value& value) {
-    return falseOnException([&] { return handlers.onValueParse(name, value); });
+    return handlers.onValueParse(name, value);
 }
 
-bool BasicParser::onUknownArgument(const char* argument) {
-    return falseOnException([&] { return handlers.onUknownArgument(argument); });
-}
+bool BasicParser::onUknownArgument(const char* argument) { return handlers.onUknownArgument(argument); }
 
 void BasicParser::destroy() { delete this; }
 
@@ -64,15 +52,21 @@ const char* BasicParser::getErrorDesc() {
 }
 
 bool BasicParser::addHandler(EventHandler* handler) {
-    return falseOnException([&] { return handlers.add(handler); });
+    if (handler == this) return false;  // every event would lead to itself
+    try {
+        return handlers.add(handler);
+    } catch (const std::exception&) {
+        return false;
+    }
 }
 
 bool BasicParser::removeHandler(EventHandler* handler) { return handlers.remove(handler); }
 
 void BasicParser::setLastError(std::string_view text) { lastError = text; }
 
+// Without handlers nobody is to be called, and a recogniser that knows it takes shorter ways.
 internal::RecogniserContext BasicParser::recogniserContext(int recogniserFlags) {
-    return {handlers.empty() ? nullptr : &handlers, &garbage, recogniserFlags, internal::currentNumerals()};
+    return {handlers.empty() ? nullptr : &handlers, &garbage, recogniserFlags};
 }
 
 }  // namespace vorn_3_1

@@ -1,4 +1,13 @@
-// Arguments from a text: one per line, no quoting.
+// Arguments from a text, such as a file with options in it: one per line, no quoting.
+//
+//     text                  arguments
+//     --level=5             "--level=5"
+//       two words           "two words"       blanks in front go, those between and behind stay
+//     ; a comment
+//     # another one
+//     (empty)
+//
+// The arguments then go the way of all others; defaults are not recorded.
 #include <algorithm>
 #include <exception>
 #include <locale>
@@ -12,8 +21,9 @@ namespace vorn_3_1 {
 
 namespace {
 
-// The argument on a line: from the first character that is no white space to the end, less carriage returns
-// there. Empty for a blank line and for a comment.
+// The argument on a line: from the first character that is no white space to the end, less carriage returns there.
+// Empty for a blank line and for a comment. What is white space is left to the locale, character by character: kept
+// on purpose, since hosts choose their locale.
 std::string_view argumentOn(std::string_view line, const std::ctype<char>& characters) {
     const char* end = line.data() + line.size();
     line.remove_prefix(static_cast<std::size_t>(
@@ -25,7 +35,7 @@ std::string_view argumentOn(std::string_view line, const std::ctype<char>& chara
 }
 
 void appendLines(internal::ArgumentList& args, std::string_view text) {
-    const std::locale locale;  // the host's choice decides what is white space
+    const std::locale locale;  // the global one of the moment
     const auto& characters = std::use_facet<std::ctype<char>>(locale);
     while (!text.empty()) {
         const std::string_view line = text.substr(0, text.find('\n'));

@@ -1,3 +1,4 @@
+// The one way for a host to get a parser.
 #include <exception>
 
 #include "parser/basic_parser.h"

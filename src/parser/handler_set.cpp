@@ -1,34 +1,36 @@
 #include "parser/handler_set.h"
 
-#include <algorithm>
-#include <functional>
+#include <stdexcept>
 
 #include "text/garbage.h"
 
 namespace vorn_3_1::internal {
 
 namespace {
-constexpr std::less<EventHandler*> byAddress;
-}
 
-bool HandlerSet::add(EventHandler* handler) {
-    if (handler == nullptr) return false;
-    const auto place = std::lower_bound(handlers.begin(), handlers.end(), handler, byAddress);
-    if (place != handlers.end() && *place == handler) return false;
-    handlers.insert(place, handler);
-    return true;
-}
+// Far more than a host that parses from inside its handlers needs (one for every file that includes another), and
+// little enough for the stack of any thread.
+constexpr unsigned mostEventsUnderWay = 100;
 
-bool HandlerSet::remove(EventHandler* handler) {
-    const auto place = std::lower_bound(handlers.begin(), handlers.end(), handler, byAddress);
-    if (place == handlers.end() || *place != handler) return false;
-    handlers.erase(place);
-    return true;
-}
+/// Counts one event as long as it is under way.
+class UnderWay {
+public:
+    explicit UnderWay(unsigned& events) : count(events) {
+        if (count == mostEventsUnderWay) throw std::logic_error("an event leads to itself");
+        ++count;
+    }
+    UnderWay(const UnderWay&) = delete;
+    ~UnderWay() { --count; }
+
+private:
+    unsigned& count;
+};
+
+}  // namespace
 
 bool HandlerSet::onOptionParse(const char* name) {
     const char* kept = garbage.init(name);
-    visit([kept](EventHandler& handler) {
+    callEach([kept](EventHandler& handler) {
         handler.onOptionParse(kept);
         return true;
     });
@@ -37,29 +39,30 @@ bool HandlerSet::onOptionParse(const char* name) {
 
 bool HandlerSet::onValueParse(const char* name, const Value& value) {
     const char* kept = garbage.init(name);
-    bool accepted = true;
-    visit([&](EventHandler& handler) { return accepted = handler.onValueParse(kept, value); });
-    return accepted;
+    bool isAccepted = true;
+    callEach([&](EventHandler& handler) { return isAccepted = handler.onValueParse(kept, value); });
+    return isAccepted;
 }
 
 bool HandlerSet::onUknownArgument(const char* argument) {
     const char* kept = garbage.init(argument);
-    bool unhandled = true;
-    visit([&](EventHandler& handler) {
-        if (!handler.onUknownArgument(kept)) unhandled = false;
+    bool isUnknown = true;
+    callEach([&](EventHandler& handler) {
+        if (!handler.onUknownArgument(kept)) isUnknown = false;
         return true;
     });
-    return unhandled;
+    return isUnknown;
 }
 
-// Delivers until a handler's answer is false. The next handler is looked up by address each time, since the
-// last one may have added or removed any.
-template <class Deliver>
-void HandlerSet::visit(Deliver deliver) const {
-    for (auto place = handlers.begin(); place != handlers.end();) {
-        EventHandler* handler = *place;
-        if (!deliver(*handler)) return;
-        place = std::upper_bound(handlers.begin(), handlers.end(), handler, byAddress);
+// Calls one handler after the other until a call gives false. The next handler is looked up by address each time,
+// since the last one may have added or removed any, itself included.
+template <class Call>
+void HandlerSet::callEach(Call call) {
+    const UnderWay thisEvent(eventsUnderWay);
+    for (auto next = handlers.begin(); next != handlers.end();) {
+        EventHandler* const handler = *next;
+        if (!call(*handler)) return;
+        next = handlers.upper_bound(handler);
     }
 }
 

@@ -1,5 +1,14 @@
-// The help text: per group a heading and a title, then every option's names and value syntax beside its
-// description.
+// The help text: for each group its name and title, then every option's names and value syntax beside its description.
+//
+//     general                                                     the group's name
+//      General options                                            its title
+//
+//     -l, -level=<integer> (5)      How hard to try.              names, type, default; description
+//     -v, -verbose | -no-verbose (default)                        a heading that is too long for its column
+//                                   Say what is done.
+//
+// Groups stand in the order in which they appeared, and the options of each in the order of registration. The hidden
+// group is left out, or is the only one. Positional options are never listed.
 #include <exception>
 #include <string>
 #include <string_view>
@@ -17,6 +26,7 @@ namespace {
 
 constexpr std::string_view hiddenGroup = "vorn_hidden";
 
+// Columns. A heading may fill 29 of the 30 in front of the descriptions; a longer one gets a line of its own.
 constexpr std::size_t longestSharedHeading = 29;
 constexpr unsigned descriptionIndent = 30;
 constexpr unsigned descriptionWidth = 50;
@@ -26,19 +36,21 @@ constexpr unsigned titleWidth = 80;
 // Further names come before the first one, the last of them first: "-third, -second, -first".
 void writeNames(std::string& out, const OptionDescription& option) {
     const std::string_view firstName = option.firstName();
-    for (std::size_t i = option.names().size() - 1; i > 0; --i)
-        append(out, {"-", option.names()[i].key(), ", "});
+    std::vector<std::string_view> names;
+    option.eachName([&names](const RegisteredName& name) { names.push_back(name.key()); });
+    for (std::size_t i = names.size() - 1; i > 0; --i)
+        append(out, {"-", names[i], ", "});
     append(out, {"-", firstName});
 }
 
 // Both forms, the default one marked.
 void writeSwitchSyntax(std::string& out, const OptionDescription& option) {
     constexpr std::string_view mark = " (default)";
-    const bool isOn = option.defaultValue().asBool();
-    append(out, {option.hasDefault() && isOn ? mark : "", " | -no-", option.firstName(),
-                 option.hasDefault() && !isOn ? mark : ""});
+    const bool isOn = option.hasDefault() && option.defaultValue().asBool();
+    append(out, {isOn ? mark : "", " | -no-", option.firstName(), option.hasDefault() && !isOn ? mark : ""});
 }
 
+// "=<integer>", or "=fast | full" where values are allowed; and the default: " (full)".
 void writeValueSyntax(std::string& out, const OptionDescription& option) {
     if (option.allowedValues().empty()) append(out, {"=<", option.getTypeName(), ">"});
     std::string_view before = "=";
@@ -50,6 +62,7 @@ void writeValueSyntax(std::string& out, const OptionDescription& option) {
         append(out, {" (", option.toString(option.keeper(), option.defaultValue()), ")"});
 }
 
+// What stands in front of the description: "-l, -level=<integer> (5)". An option without a value has only its names.
 std::string headingOf(const OptionDescription& option) {
     std::string heading;
     writeNames(heading, option);
@@ -61,6 +74,7 @@ std::string headingOf(const OptionDescription& option) {
     return heading;
 }
 
+// Without a description there is no line at all, unless the heading has one of its own: kept on purpose.
 void writeOption(std::string& out, const OptionDescription& option) {
     std::string heading = headingOf(option);
     if (heading.size() > longestSharedHeading) {
@@ -71,6 +85,7 @@ void writeOption(std::string& out, const OptionDescription& option) {
                                         descriptionWidth);
 }
 
+// The name on a line, the title on the next ones with an empty line behind it. Either may be missing.
 void writeGroupHead(std::string& out, const OptionGroup& group) {
     if (!group.name.empty()) append(out, {group.name, "\n"});
     if (group.title.empty()) return;

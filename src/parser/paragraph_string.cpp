@@ -1,4 +1,11 @@
-// Word wrapping.
+// The wrapping of words, for the help text. Behind the prefix "-a", with an indent of 5 and a width of 11:
+//
+//     -a   the text       10 characters of room: width - 1
+//          wraps at
+//          blanks
+//
+// A prefix that reaches the indent is followed by one blank, which takes room, as what is too long of the prefix does.
+// A line feed in the text begins a new line, and a word that is longer than the room is cut.
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -11,7 +18,13 @@ namespace vorn_3_1 {
 
 namespace {
 
-// The part of the text that goes on a line with the given room.
+// The part of the text that goes on a line with the given room:
+//
+//     "the text wraps", 10   "the text"         back to the last blank: a word is cut off
+//     "the text", 3          "the"              the cut falls behind a word
+//     "wrapping", 4          "wrap"             nothing but one long word
+//     "the\ntext", 9         "the"              a line feed ends it
+//     "text", 0              std::out_of_range
 std::string_view lineOf(std::string_view text, unsigned room) {
     const std::size_t lineFeed = text.substr(0, room).find('\n');
     const std::size_t cut = lineFeed < room ? lineFeed : room;

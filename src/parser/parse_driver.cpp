@@ -1,5 +1,16 @@
 // From the host's arguments to the recognisers: ask who takes the front argument, choose, let it consume.
-#include <array>
+//
+//     parseArgsVector   records the defaults, takes the arguments over      (parseStream: command_text.cpp)
+//       parseVector     runs the loop, then what follows "--"; the last error
+//         parse         the loop: one turn for each option or positional argument
+//
+// For "--level 5 file -zz -- rest", with a positional option, under unknownIsError and hyphenNotPositional:
+//
+//     front of the list     who takes it
+//     --level               the recogniser of names, together with 5
+//     file                  the recogniser of positional arguments
+//     -zz                   nobody: the handlers are asked, and then it is an error
+//     --                    ends the loop
 #include <exception>
 #include <string>
 #include <string_view>
@@ -23,8 +34,8 @@ constexpr std::string_view logSwitch = "vornoption=vornlogenable=1";
 // Every result that a host has was made by createResult.
 ParseResult* implementationOf(IParseResult* result) { return static_cast<ParseResult*>(result); }
 
-// False when there is a null among the arguments.
-bool append(ArgumentList& args, int argc, char** argv) {
+// The first element of argv is the host's own name. False when there is a null among the others.
+bool takeOver(ArgumentList& args, int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         if (argv == nullptr || argv[i] == nullptr) return false;
         args.append(argv[i]);
@@ -35,36 +46,33 @@ bool append(ArgumentList& args, int argc, char** argv) {
 /// The recognisers of one parse.
 class Recognisers {
 public:
-    Recognisers(const RecogniserContext& context, WordTree& names)
-        : positional(context), abbreviation(context, names) {}
+    Recognisers(const RecogniserContext& context, NameSearch& nameSearch)
+        : positional(context), abbreviation(context, nameSearch) {}
 
     /// The one with the highest priority among those that take the front argument, or null.
     IArgumentParser* choose(const ArgumentList& args, const RegisteredOptionStorage& storage) {
-        IArgumentParser* chosen = nullptr;
-        for (IArgumentParser* recogniser : list) {
-            message.clear();
-            if (recogniser->recognize(args, storage, message) != 0) continue;
-            if (chosen == nullptr || recogniser->getPriority() > chosen->getPriority()) chosen = recogniser;
-        }
-        return chosen;
+        // Both are asked, in this order: their log lines are what hosts know. The recogniser of names has the higher
+        // priority.
+        IArgumentParser* chosen = positional.recognize(args, storage, message) == 0 ? &positional : nullptr;
+        return abbreviation.recognize(args, storage, message) == 0 ? &abbreviation : chosen;
     }
 
 private:
     PositionalOptionsParser positional;
     AbbreviationParser abbreviation;
-    std::array<IArgumentParser*, 2> list{&positional, &abbreviation};
     std::string message;  // what a recogniser says of an argument while it is only asked; not used
 };
 
 }  // namespace
 
-// Defaults come first, and only here: parseStream records none.
+// Defaults come first, and only here: parseStream records none. Recording them is outside of the try block, so that
+// running out of memory there is thrown. Both are kept on purpose.
 int BasicParser::parseArgsVector(int argc, char** argv, IParseResult* result) {
     if (result != nullptr) implementationOf(result)->applyDefault(storage);
     if (argc < 2) return 0;
     try {
         ArgumentList args;
-        if (!append(args, argc, argv)) return exceptionCaught;
+        if (!takeOver(args, argc, argv)) return exceptionCaught;
         return parseVector(args, result);
     } catch (const std::exception&) {
         return exceptionCaught;
@@ -76,7 +84,8 @@ int BasicParser::parseVector(ArgumentList& args, IParseResult* result) {
         std::string error;
         int code = parse(endOfOptions, args, result, error);
         if (code == 0) code = collectNonparsingArguments(endOfOptions, args, implementationOf(result), error);
-        if (code != 0) setLastError(error);
+        // A very long text is not copied; a short one leaves the room for the fixed texts where it is.
+        if (code != 0) error.capacity() > lastError.capacity() ? lastError.swap(error) : setLastError(error);
         return code;
     } catch (const std::exception&) {
         setLastError("Unidentified problem detected.");
@@ -84,12 +93,14 @@ int BasicParser::parseVector(ArgumentList& args, IParseResult* result) {
     }
 }
 
+// The log switch counts only as the first argument. It stays as it is until the next parse, so that help texts in
+// between are logged, too.
 int BasicParser::parse(std::string_view terminator, ArgumentList& args, IParseResult* result,
                        std::string& error) {
     vornLogEnabled = !args.empty() && args.front() == logSwitch;
     if (vornLogEnabled) args.removeFront();
 
-    Recognisers recognisers(recogniserContext(flags), names);
+    Recognisers recognisers(recogniserContext(flags), nameSearch);
     IResultCollector* collector = implementationOf(result);
     while (!args.empty() && args.front() != terminator) {
         if (IArgumentParser* recogniser = recognisers.choose(args, storage)) {

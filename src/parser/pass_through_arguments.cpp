@@ -1,4 +1,8 @@
 // What follows "--": kept for the host, and offered to the positional option if the host wants that.
+//
+//     tool -v -- a -b       getFirstArgument gives "a", getNextArgument "-b"
+//
+// Under positionalAfterTerminator, a and -b are values of the positional option as well.
 #include <exception>
 #include <string>
 #include <string_view>
@@ -16,7 +20,8 @@ namespace {
 constexpr std::string_view logPrefix = "collectNonparsingArguments: ";
 }
 
-// The list is empty or begins with the terminator; a second terminator is an argument like any other.
+// The list is empty or begins with the terminator; a second terminator is an argument like any other. What was kept
+// before a failure stays kept. A std::exception gives 3 here, not the 4 of the loop, and no text: kept on purpose.
 int BasicParser::collectNonparsingArguments(std::string_view terminator, ArgumentList& args,
                                             ParseResult* result, std::string& error) {
     try {
@@ -35,6 +40,7 @@ int BasicParser::collectNonparsingArguments(std::string_view terminator, Argumen
     }
 }
 
+// 0 when the positional option does not take the argument, or takes it and all is well.
 int BasicParser::offerToPositional(std::string_view argument, ParseResult* result, std::string& error) {
     // Behind "--" a hyphen has no meaning left.
     PositionalOptionsParser positional(recogniserContext(flags & ~hyphenNotPositional));

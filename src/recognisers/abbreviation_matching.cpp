@@ -18,14 +18,10 @@ namespace {
 constexpr int taken = 0;
 constexpr int notTaken = 1;
 
-constexpr int oneBest = 0;
-constexpr int noneMatches = 1;
-constexpr int severalBest = 2;
-
 }  // namespace
 
-AbbreviationParser::AbbreviationParser(const RecogniserContext& parser, WordTree& names)
-    : IArgumentParser("AbbreviationParser", parser), tree(names) {}
+AbbreviationParser::AbbreviationParser(const RecogniserContext& parser, NameSearch& nameSearch)
+    : IArgumentParser("AbbreviationParser", parser), search(nameSearch) {}
 
 // The name stands between the hyphens, one or two, and the first '=':
 //     --x=1 -> x      -x -> x      ---x -> -x      -- -> -      -=5 -> (empty)
@@ -45,58 +41,42 @@ int AbbreviationParser::recognize(const ArgumentList& args, const RegisteredOpti
     if (argument.size() <= 1 || argument[0] != '-') return notTaken;
 
     token = Token(argument);
-    switch (match(storage.index(), msg)) {
-        case noneMatches:
-            return notTaken;
-        case severalBest:
-            logLine(name, ": failed to get best match for '", token.name, "' in argument '", argument,
-                    "':", msg);
-            return taken;
-        default:
-            if (vornLogEnabled) {
-                logLine(name, ": best match option for '", token.name, "' in argument '", argument, "' is '",
-                        bestMatches[0].getName(), "'");
-            }
-            return taken;
+    const OptionIndex& index = storage.index();
+    findBest(index);
+    if (bestMatches.empty()) return notTaken;
+    if (bestMatches.size() > 1) {
+        msg = joined({"Ambiguous option, possible options are: ", listOfBestNames(index)});
+        logLine(name, ": failed to get best match for '", token.name, "' in argument '", argument, "':", msg);
+    } else if (vornLogEnabled) {
+        logLine(name, ": best match option for '", token.name, "' in argument '", argument, "' is '",
+                nameOf(bestMatches[0], index), "'");
     }
+    return taken;
 }
 
-int AbbreviationParser::match(const OptionIndex& index, std::string& msg) {
-    // No other name can score as high as one that is typed in full, so nothing is scored then.
-    const OptionIndex::Spelling spelling = index.find(token.name);
-    if (spelling.count == 1) {
-        bestMatches.assign(1, {0, false, {token.name, spelling.option, 0, false}});
-        return oneBest;
+void AbbreviationParser::findBest(const OptionIndex& index) {
+    // No other name can match better than one that is typed in full, so nothing is compared then.
+    const NameMatch exact = index.findExactly(token.name);
+    if (exact.name != none) {
+        bestMatches.assign(1, exact);
+        return;
     }
-    makeNameMatch(index);
-    return findBest(msg);
+    const std::vector<RegisteredName>& names = index.names();
+    search.find(token.name, names, bestMatches);
+    // In order of registration, each switch's name before its "no-" form.
+    std::ranges::sort(bestMatches, {}, [&names](const NameMatch& match) {
+        return std::tuple(names[match.name].option, match.name, match.negated);
+    });
 }
 
-void AbbreviationParser::makeNameMatch(const OptionIndex& index) {
-    tree.update(index.names());
-    decomposed.clear();
-    decomposed.append(token.name);
-    tree.match(decomposed, bestMatches);
+std::string AbbreviationParser::nameOf(const NameMatch& match, const OptionIndex& index) {
+    return joined({match.negated ? negation : "", index.names()[match.name].key()});
 }
 
-int AbbreviationParser::findBest(std::string& msg) {
-    if (bestMatches.empty()) return noneMatches;
-    if (bestMatches.size() == 1) return oneBest;
-    // In order of registration, each switch's name before its "no-" form. By heap, whose code is small: ties
-    // are rare.
-    const auto order = [](const NameMatch& match) {
-        return std::tuple(match.name.option, match.name.ordinal, match.negated);
-    };
-    std::ranges::make_heap(bestMatches, {}, order);
-    std::ranges::sort_heap(bestMatches, {}, order);
-    msg = joined({"Ambiguous option, possible options are: ", listOfBestNames()});
-    return severalBest;
-}
-
-std::string AbbreviationParser::listOfBestNames() const {
+std::string AbbreviationParser::listOfBestNames(const OptionIndex& index) const {
     std::string list;
     for (const NameMatch& match : bestMatches) {
-        append(list, {list.empty() ? "'" : ", '", match.getName(), "'"});
+        append(list, {list.empty() ? "'" : ", '", nameOf(match, index), "'"});
     }
     return list;
 }

@@ -20,21 +20,24 @@ int AbbreviationParser::parse(ArgumentList& args, IResultCollector* collector,
     logLine(name, ": parsing argument '", argument, "'");
     if (bestMatches.size() > 1) {
         msg = joined({"Ambiguous option '", token.name, "'", formatTokenMessage(argument),
-                      ", could be: ", listOfBestNames()});
+                      ", could be: ", listOfBestNames(storage.index())});
         return invalidArgument;
     }
-    return withSnapshotOf(
-        storage.description(bestMatches[0].name.option),
-        [&](const OptionDescription& option) { return parseAs(option, args, collector, msg); });
+    // The matched name decides, so a switch whose own name begins with "no-" is switched off by it.
+    const RegisteredName& matched = storage.index().names()[bestMatches[0].name];
+    const bool switchedOff = bestMatches[0].negated || matched.key().starts_with(negation);
+    return withSnapshotOf(storage.description(matched.option), [&](const OptionDescription& option) {
+        return parseAs(option, switchedOff, args, collector, msg);
+    });
 }
 
-int AbbreviationParser::parseAs(const OptionDescription& option, ArgumentList& args,
+int AbbreviationParser::parseAs(const OptionDescription& option, bool switchedOff, ArgumentList& args,
                                 IResultCollector* collector, std::string& msg) {
     logLine(name, ": detected option: '", option.firstName(), "'");
 
     ValueSource value{token.value};
     if (token.hasValue) logLine(name, ": value from the same argument taken: '", value.text, "'");
-    int code = findValue(args, option, value, msg);
+    int code = findValue(args, option, switchedOff, value, msg);
     if (code != 0) return code;
 
     announceOption(option);
@@ -49,7 +52,7 @@ int AbbreviationParser::parseAs(const OptionDescription& option, ArgumentList& a
     return 0;
 }
 
-int AbbreviationParser::findValue(const ArgumentList& args, const OptionDescription& option,
+int AbbreviationParser::findValue(const ArgumentList& args, const OptionDescription& option, bool switchedOff,
                                   ValueSource& value, std::string& msg) const {
     const std::string_view firstName = option.firstName();
     if (option.type() == tamsu2::qel_empty) {
@@ -66,8 +69,7 @@ int AbbreviationParser::findValue(const ArgumentList& args, const OptionDescript
                                     formatTokenMessage(args.front())}),
                             msg);
     }
-    // The matched name decides, so a switch whose own name begins with "no-" is switched off by it.
-    value.text = bestMatches[0].negated || bestMatches[0].name.text().starts_with(negation) ? "0" : "1";
+    value.text = switchedOff ? "0" : "1";
     return 0;
 }
 

@@ -7,19 +7,16 @@
 #include <vector>
 
 #include "recognisers/argument_parser.h"
-#include "recognisers/decomposed_name.h"
-#include "recognisers/word_tree.h"
+#include "recognisers/name_search.h"
 
 namespace vorn_3_1::internal {
-
-class OptionIndex;
 
 /// Takes arguments that begin with '-' and name an option, every word of whose name may be shortened. An
 /// ambiguous name counts as taken too, so that parse reports it.
 class AbbreviationParser final : public IArgumentParser {
 public:
-    /// The tree outlives the recogniser, and is brought up to date when a shortened name is met.
-    AbbreviationParser(const RecogniserContext& parser, WordTree& names);
+    /// The search outlives the recogniser.
+    AbbreviationParser(const RecogniserContext& parser, NameSearch& nameSearch);
 
     int recognize(const ArgumentList& args, const RegisteredOptionStorage& storage,
                   std::string& msg) override;
@@ -44,25 +41,23 @@ private:
     };
 
     // Matching.
-    int match(const OptionIndex& index, std::string& msg);
-    void makeNameMatch(const OptionIndex& index);
-    int findBest(std::string& msg);
-    std::string listOfBestNames() const;
+    void findBest(const OptionIndex& index);
+    static std::string nameOf(const NameMatch& match, const OptionIndex& index);
+    std::string listOfBestNames(const OptionIndex& index) const;
 
     // Parsing.
-    int parseAs(const OptionDescription& option, ArgumentList& args, IResultCollector* collector,
-                std::string& msg);
-    int findValue(const ArgumentList& args, const OptionDescription& option, ValueSource& value,
-                  std::string& msg) const;
+    int parseAs(const OptionDescription& option, bool switchedOff, ArgumentList& args,
+                IResultCollector* collector, std::string& msg);
+    int findValue(const ArgumentList& args, const OptionDescription& option, bool switchedOff,
+                  ValueSource& value, std::string& msg) const;
     int takeNextArgument(const ArgumentList& args, std::string_view firstName, ValueSource& value,
                          std::string& msg) const;
     int reportMisuse(std::string text, std::string& msg) const;
 
-    WordTree& tree;
+    NameSearch& search;
     // What recognize leaves for the parse that follows it.
     Token token{{}};
     std::vector<NameMatch> bestMatches;  // one, unless the name is ambiguous
-    DecomposedName decomposed;           // kept between arguments for its memory only
 };
 
 }  // namespace vorn_3_1::internal

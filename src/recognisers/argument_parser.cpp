@@ -59,8 +59,7 @@ int IArgumentParser::addItem(std::string_view item, std::string_view value, std:
                              const OptionDescription& option, const ArgumentList& args) {
     ValueRecord& record = found.values.emplace_back();
     record.text = item;
-    const Numerals numerals = context.owner == nullptr ? context.numerals : currentNumerals();
-    if (!option.validate(record.text, record.value, numerals, msg)) {
+    if (!option.validate(record.text, record.value, msg)) {
         msg = joined({"Value validation problem in argument '", args.front(), "': ", msg});
         logLine(name, ": ", msg);
         return invalidArgument;

@@ -11,7 +11,6 @@
 #include "options/option_description.h"
 #include "recognisers/argument_list.h"
 #include "result/option_data.h"
-#include "text/number_text.h"
 #include "vorn/parser.h"
 
 namespace vorn_3_1::internal {
@@ -25,7 +24,6 @@ struct RecogniserContext {
     EventHandler* owner;  // raises events at the host's handlers; null when nobody listens
     Garbage* garbage;     // keeps the texts that events hand out
     int flags;
-    Numerals numerals;  // as the parse began; a handler may have set another locale since
 };
 
 class IArgumentParser {

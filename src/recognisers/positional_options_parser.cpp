@@ -13,7 +13,7 @@ int PositionalOptionsParser::recognize(const ArgumentList& args, const Registere
     const std::string_view argument = args.front();
     logLine(name, ": recognizing argument '", argument, "'");
     if ((context.flags & hyphenNotPositional) != 0 && argument.starts_with('-')) return 1;
-    return storage.index().firstPositional() == OptionIndex::none ? 1 : 0;
+    return storage.index().firstPositional() == none ? 1 : 0;
 }
 
 int PositionalOptionsParser::parse(ArgumentList& args, IResultCollector* collector,

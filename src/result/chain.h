@@ -1,20 +1,43 @@
-// A list of pooled nodes in the order in which they were linked.
+// Lists of what was given, in the order in which it came.
+//
+// A result keeps one chain of occurrences and one of values for each option. Its nodes live in pools; a chain only
+// links them:
+//
+//     first --> node --> node --> node --> (nothing)
+//                                  ^
+//     last ------------------------+
 #ifndef VORN_RESULT_CHAIN_H
 #define VORN_RESULT_CHAIN_H
 
 namespace vorn_3_1::internal {
 
-/// Nodes belong to a pool and have a `next`. Linking never fails, so a store can prepare its nodes first and
-/// then commit. A Place is the link that leads to a node: one at the end of the chain leads to the next
-/// node as soon as there is one.
+/// A list of nodes that belong to somebody else and have a `next`. Linking never fails, so a store can prepare
+/// its nodes first, which may fail, and link them when nothing can go wrong any more.
 template <class Node>
 class Chain {
 public:
-    using Place = Node* const*;
+    /// A place in a chain: in front of a node, or at the end. A cursor at the end stands in front of what is
+    /// linked there later, so an iteration goes on when a further parse has added to the list. One that was
+    /// never set is at the end for good.
+    class Cursor {
+    public:
+        Cursor() = default;
+
+        bool isAtEnd() const { return link == nullptr || *link == nullptr; }
+        Node& operator*() const { return **link; }
+        Node* operator->() const { return *link; }
+        void advance() { link = &(*link)->next; }
+
+    private:
+        friend class Chain;
+        explicit Cursor(Node* const* place) : link(place) {}
+
+        // The pointer that leads to the node in front of which the cursor stands: `first`, or a node's `next`.
+        Node* const* link = nullptr;
+    };
 
     bool empty() const { return first == nullptr; }
-    Place begin() const { return &first; }
-    static Place after(Place place) { return &(*place)->next; }
+    Cursor begin() const { return Cursor(&first); }
 
     void link(Node& node) {
         (last == nullptr ? first : last->next) = &node;
@@ -28,13 +51,14 @@ public:
         last = other.last;
     }
 
-    /// The place in another chain that is as far from its start as `place` is in this one, or its end.
-    Place samePlace(Place place, const Chain& other) const {
-        Place counterpart = other.begin();
-        for (Place here = begin(); here != place && *counterpart != nullptr; here = after(here)) {
-            counterpart = after(counterpart);
+    /// The place in this chain that has as many nodes in front of it as `place` has in the other one; the end
+    /// where this chain is too short.
+    Cursor counterpart(const Chain& other, Cursor place) const {
+        Cursor here = begin();
+        for (Cursor there = other.begin(); there.link != place.link && !here.isAtEnd(); there.advance()) {
+            here.advance();
         }
-        return counterpart;
+        return here;
     }
 
 private:

@@ -1,5 +1,10 @@
 // The store. Whatever may fail for want of memory comes before the first visible change, so a failed store
 // leaves a result that is whole.
+//
+//     parse --level=5      store(level, {position 3, values {"5", 4}})
+//       first time         makes entries for "level" and "l" that share new contents    share
+//       later              appends to these contents                                    History::append
+//       names have parted  appends under each name                                      storeApart
 #include "result/parse_result.h"
 
 #include <algorithm>
@@ -14,41 +19,42 @@ namespace vorn_3_1::internal {
 void ParseResult::destroy() { delete this; }
 
 int ParseResult::store(const OptionDescription& option, OptionData& data) {
-    const Name* name = find(option.names().at(0));
-    if (name != nullptr && name->record != nullptr && name->record->nameListId == option.nameListId()) {
-        name->record->given.append(prepare(data));
+    const Entry* first = findEntry(option.firstOfNames());
+    if (first != nullptr && first->contents != nullptr &&
+        first->contents->nameListId == option.nameListId()) {
+        first->contents->history.append(prepare(data));
     } else {
-        storeByName(option, data);
+        storeUnderEachName(option, data);
     }
     return 0;
 }
 
-void ParseResult::storeByName(const OptionDescription& option, OptionData& data) {
-    const Names& list = namesOf(option);
-    if (list[0]->record == nullptr) {
-        // The first occurrence replaces whatever other options have left under the further names.
-        Record& fresh = records.add();
-        fresh.given = prepare(data);
+void ParseResult::storeUnderEachName(const OptionDescription& option, OptionData& data) {
+    const Entries& list = entriesOf(option);
+    if (list[0]->contents == nullptr) {
+        // The first occurrence replaces whatever other options have left under the further names: kept on purpose.
+        Contents& fresh = contents.add();
+        fresh.history = prepare(data);
         share(list, fresh, option.nameListId());
-    } else if (Record* common = commonRecord(list)) {
-        common->given.append(prepare(data));
-        common->nameListId = option.nameListId();
+    } else if (Contents* shared = contentsSharedBy(list)) {
+        shared->history.append(prepare(data));
+        shared->nameListId = option.nameListId();
     } else {
         storeApart(list, data);
     }
 }
 
 // Appends under every name on its own; a name that stands in the list twice is appended to twice.
-void ParseResult::storeApart(const Names& list, OptionData& data) {
-    std::vector<Given> prepared;
+void ParseResult::storeApart(const Entries& list, OptionData& data) {
+    std::vector<History> prepared;
     prepared.reserve(list.size());
-    for (Name* name : list) {
-        ownRecord(*name);
+    for (Entry* entry : list) {
+        ownContents(*entry);
         OptionData copy = data;
         prepared.push_back(prepare(copy));
     }
     for (std::size_t i = 0; i < list.size(); ++i)
-        list[i]->record->given.append(prepared[i]);
+        list[i]->contents->history.append(prepared[i]);
 }
 
 int ParseResult::applyDefault(const RegisteredOptionStorage& storage) {
@@ -60,21 +66,21 @@ int ParseResult::applyDefault(const RegisteredOptionStorage& storage) {
 }
 
 void ParseResult::recordDefault(const OptionDescription& option) {
-    const Names& list = namesOf(option);
+    const Entries& list = entriesOf(option);
     if (list.empty()) return;
-    if (std::all_of(list.begin(), list.end(), [](const Name* name) { return name->record == nullptr; })) {
-        share(list, records.add(), option.nameListId());
+    if (std::ranges::all_of(list, [](const Entry* entry) { return entry->contents == nullptr; })) {
+        share(list, contents.add(), option.nameListId());
     }
-    Record* common = commonRecord(list);
+    Contents* shared = contentsSharedBy(list);
     const char* text = garbage.init(option.toString(option.keeper(), option.defaultValue()));
-    const auto set = [&](Record& record) {
-        record.defaultVariant = option.defaultValue();
-        record.defaultText = text;
+    const auto setDefault = [&](Contents& target) {
+        target.defaultVariant = option.defaultValue();
+        target.defaultText = text;
     };
-    if (common != nullptr) set(*common);
-    for (Name* name : list) {
-        if (common == nullptr) set(ownRecord(*name));
-        name->defaultPosition = internal::nextPosition();
+    if (shared != nullptr) setDefault(*shared);
+    for (Entry* entry : list) {
+        if (shared == nullptr) setDefault(ownContents(*entry));
+        entry->defaultPosition = internal::nextPosition();
     }
 }
 
@@ -82,84 +88,86 @@ void ParseResult::addArgument(std::string_view argument, std::int32_t position) 
     arguments.push_back({garbage.keep(argument).data(), position});
 }
 
-ParseResult::Name* ParseResult::find(const TextEntry& name) {
-    const NameEntry* entry = options.find(name.key(), name.hash);
-    return entry == nullptr ? nullptr : entry->name;
+ParseResult::Entry* ParseResult::findEntry(const RegisteredName& name) {
+    const TableEntry* known = entriesByName.find(name.key(), name.hash);
+    return known == nullptr ? nullptr : known->entry;
 }
 
-// The entries of the option's names, made where they are missing; a made one counts as not entered.
-const ParseResult::Names& ParseResult::namesOf(const OptionDescription& option) {
-    namesInHand.clear();
-    for (const OptionName& name : option.names()) {
-        Name* known = find(name);
+// The entries of the option's names, in their order. Missing ones are made, without contents.
+const ParseResult::Entries& ParseResult::entriesOf(const OptionDescription& option) {
+    entriesAtHand.clear();
+    option.eachName([this](const RegisteredName& name) {
+        Entry* known = findEntry(name);
         if (known == nullptr) {
-            options.reserve(1);
-            known = options.add({&names.add(texts.copy(name.key())), name.hash}).name;
+            entriesByName.reserve(1);
+            known = entriesByName.add({&entries.add(texts.copy(name.key()))}, name.hash).entry;
         }
-        namesInHand.push_back(known);
-    }
-    return namesInHand;
+        entriesAtHand.push_back(known);
+    });
+    return entriesAtHand;
 }
 
-bool ParseResult::areDistinct(const Names& list) {
-    for (auto name = list.begin(); name != list.end(); ++name) {
-        if (std::find(list.begin(), name, *name) != name) return false;
+bool ParseResult::areDistinct(const Entries& list) {
+    for (auto entry = list.begin(); entry != list.end(); ++entry) {
+        if (std::find(list.begin(), entry, *entry) != entry) return false;
     }
     return true;
 }
 
-// Makes the list's names, and nobody else, share the record.
-void ParseResult::share(const Names& list, Record& record, std::uint64_t nameListId) noexcept {
-    for (Name* name : list) {
-        setRecord(*name, record);
-        name->defaultPosition = 0;
+// Makes the entries of the list, and no others, share the contents.
+void ParseResult::share(const Entries& list, Contents& shared, std::uint64_t nameListId) noexcept {
+    for (Entry* entry : list) {
+        setContents(*entry, shared);
+        entry->defaultPosition = 0;
     }
-    record.nameListId = areDistinct(list) ? nameListId : 0;
+    shared.nameListId = areDistinct(list) ? nameListId : 0;
 }
 
-// The record that the list's names share among themselves; null if there is none. A name that stands there
+// The contents that all entries of the list share and no other entry does, or null. A name that stands in the list
 // twice rules sharing out: it has to be appended to twice.
-ParseResult::Record* ParseResult::commonRecord(const Names& list) {
-    Record* record = list[0]->record;
-    const bool common =
-        record != nullptr && record->users == list.size() && areDistinct(list) &&
-        std::all_of(list.begin(), list.end(), [record](const Name* name) { return name->record == record; });
-    return common ? record : nullptr;
+ParseResult::Contents* ParseResult::contentsSharedBy(const Entries& list) {
+    Contents* common = list[0]->contents;
+    const auto hasThem = [common](const Entry* entry) { return entry->contents == common; };
+    const bool isShared = common != nullptr && common->sharers == list.size() && areDistinct(list) &&
+                          std::ranges::all_of(list, hasThem);
+    return isShared ? common : nullptr;
 }
 
-// The name's record, made or parted from the other names' where that is not done yet.
-ParseResult::Record& ParseResult::ownRecord(Name& name) {
-    if (name.record == nullptr) {
-        setRecord(name, records.add());
-    } else if (name.record->users > 1) {
-        Record& own = records.add();
-        own.given = prepareCopy(name.record->given);
-        own.defaultText = name.record->defaultText;
-        own.defaultVariant = name.record->defaultVariant;
-        setRecord(name, own);
+// The entry's contents; new or copied ones where it has none yet, or shares them.
+ParseResult::Contents& ParseResult::ownContents(Entry& entry) {
+    if (entry.contents == nullptr) {
+        setContents(entry, contents.add());
+    } else if (entry.contents->sharers > 1) {
+        Contents& own = contents.add();
+        own.history = copyOf(entry.contents->history);
+        own.defaultText = entry.contents->defaultText;
+        own.defaultVariant = entry.contents->defaultVariant;
+        setContents(entry, own);
     }
-    return *name.record;
+    return *entry.contents;
 }
 
-// An iteration that is under way on the name goes on at the same place of its new record.
-void ParseResult::setRecord(Name& name, Record& record) noexcept {
-    Record* former = name.record;
-    if (former == &record) return;
+// An iteration over the entry goes on as far from the start as it was: after two of three values have been delivered,
+// the next one is the third of the new contents. If they have only one, it is at their end.
+void ParseResult::setContents(Entry& entry, Contents& now) noexcept {
+    Contents* former = entry.contents;
+    if (former == &now) return;
     if (former != nullptr) {
-        if (currentEntry == &name) {
-            valueCursor = former->given.values.samePlace(valueCursor, record.given.values);
-            occurrenceCursor =
-                former->given.occurrences.samePlace(occurrenceCursor, record.given.occurrences);
+        if (iteration.entry == &entry) {
+            iteration.occurrence =
+                now.history.occurrences.counterpart(former->history.occurrences, iteration.occurrence);
+            iteration.value = now.history.values.counterpart(former->history.values, iteration.value);
         }
-        --former->users;
+        --former->sharers;
         former->nameListId = 0;
     }
-    name.record = &record;
-    ++record.users;
+    entry.contents = &now;
+    ++now.sharers;
 }
 
-ParseResult::Given ParseResult::prepare(OptionData& data) {
-    Given prepared;
+// Nodes for one occurrence. The texts are copied, since the argument list gives its own back; typed values are moved.
+ParseResult::History ParseResult::prepare(OptionData& data) {
+    History prepared;
     prepared.occurrences.link(occurrences.add(data.position, nullptr));
     for (ValueRecord& record : data.values) {
         // Queries hand texts out as far as their first NUL, and the one text that holds any begins with it.
@@ -170,16 +178,13 @@ ParseResult::Given ParseResult::prepare(OptionData& data) {
     return prepared;
 }
 
-ParseResult::Given ParseResult::prepareCopy(const Given& source) {
-    Given copy;
-    for (const auto* place = source.occurrences.begin(); *place != nullptr;
-         place = Chain<Occurrence>::after(place)) {
-        copy.occurrences.link(occurrences.add((*place)->position, nullptr));
+ParseResult::History ParseResult::copyOf(const History& source) {
+    History copy;
+    for (auto occurrence = source.occurrences.begin(); !occurrence.isAtEnd(); occurrence.advance()) {
+        copy.occurrences.link(occurrences.add(occurrence->position, nullptr));
     }
-    for (const auto* place = source.values.begin(); *place != nullptr;
-         place = Chain<StoredValue>::after(place)) {
-        const StoredValue& value = **place;
-        copy.values.link(values.add(value.text, value.value, nullptr, value.position, value.isKept));
+    for (auto value = source.values.begin(); !value.isAtEnd(); value.advance()) {
+        copy.values.link(values.add(value->text, value->value, nullptr, value->position, value->isKept));
     }
     return copy;
 }

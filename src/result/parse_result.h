@@ -1,4 +1,15 @@
 // The object behind IParseResult: what was given, and what was not given but has a default.
+//
+// Parses fill it: applyDefault and store, and addArgument for what follows "--" (parse_result.cpp). Hosts ask it
+// (result_queries.cpp). With an option "level,l" whose default is 1, "--level=5 --lev=7,8" leaves
+//
+//     entries          contents, shared by both
+//     "level"  ---+--> history   occurrences  3        5
+//     "l"      ---+              values       4 "5"    6 "7"    7 "8"
+//                      default   "1", at position 1 for "level" and 2 for "l"
+//
+// where the numbers are positions. Entries, contents, texts and values live as long as the result: nothing is given
+// back before destroy.
 #ifndef VORN_RESULT_PARSE_RESULT_H
 #define VORN_RESULT_PARSE_RESULT_H
 
@@ -12,19 +23,24 @@
 #include "result/result_collector.h"
 #include "text/garbage.h"
 #include "text/pool.h"
+#include "text/text_arena.h"
 #include "text/text_table.h"
 #include "vorn/result.h"
 
 namespace vorn_3_1::internal {
 
 class RegisteredOptionStorage;
+struct RegisteredName;
 
 /// Independent of the parser: it keeps copies of names and texts.
 ///
-/// By its contract every name of an option has a record of its own. Nearly always those records are equal but
-/// for the positions of their defaults, so the names of an option share one Record, and a name gets its own
-/// only when its contents part from the others': a synonym that came late, a name that two options share, a
-/// name that stands twice among an option's names.
+/// By its contract every name of an option has contents of its own. Nearly always those are equal but for the
+/// positions of their defaults, so the names share them, and an occurrence is stored once instead of once for each
+/// name. A name gets contents of its own only when they part from the others':
+///
+///   - a synonym was added after the option had been stored: it has only what came later;
+///   - two options have the name as a synonym: it has what was given to either;
+///   - a name stands twice among the names of its option: it is appended to twice.
 class ParseResult final : public IParseResult, public IResultCollector {
 public:
     ParseResult() = default;
@@ -61,83 +77,105 @@ private:
         std::int32_t position;
         bool isKept;  // by garbage; until a host asks for the text, it is only in texts
     };
-    struct Given {
+    // All that was given, in the order in which it was stored.
+    struct History {
         Chain<Occurrence> occurrences;
         Chain<StoredValue> values;
 
-        void append(const Given& other) {
-            occurrences.append(other.occurrences);
-            values.append(other.values);
+        void append(const History& later) {
+            occurrences.append(later.occurrences);
+            values.append(later.values);
         }
     };
-    struct Record {
-        std::uint64_t nameListId = 0;  // the list whose names, all and only, share it; 0 when unknown
-        Given given;
+    struct Contents {
+        // The list of names whose entries, all of them and no others, share these contents. It lets store append
+        // without looking at any name but the first. 0 when they are not shared just so.
+        std::uint64_t nameListId = 0;
+        History history;
         tamsu2::variant_t defaultVariant;
         const char* defaultText = "";  // kept by garbage
-        unsigned users = 0;            // how many names share it
-    };
-    struct Name {
-        explicit Name(std::string_view ownText)
-            : text(ownText.data()), length(static_cast<std::uint32_t>(ownText.size())) {}
+        unsigned sharers = 0;          // how many entries share them
 
-        const char* text;          // kept by texts
-        Record* record = nullptr;  // null: not entered
+        // An empty default text counts as no default: kept on purpose.
+        bool isDefaultOnly() const { return history.occurrences.empty() && *defaultText != '\0'; }
+    };
+    struct Entry {
+        explicit Entry(std::string_view name)
+            : text(name.data()), length(static_cast<std::uint32_t>(name.size())) {}
+
+        const char* text;              // the name, kept by texts
+        Contents* contents = nullptr;  // null: made, but nothing was stored yet
         std::uint32_t length;
         std::int32_t defaultPosition = 0;
     };
-    struct NameEntry {
-        std::string_view key() const { return {name->text, name->length}; }
+    // An entry as the table sees it.
+    struct TableEntry {
+        std::string_view key() const { return {entry->text, entry->length}; }
 
-        Name* name = nullptr;
-        std::uint32_t hash = 0;
+        Entry* entry = nullptr;
     };
     struct Argument {
         const char* text;  // kept by garbage
         std::int32_t position;
     };
 
-    // Store.
-    using Names = std::vector<Name*>;
-    Name* find(const TextEntry& name);
-    const Names& namesOf(const OptionDescription& option);
-    void storeByName(const OptionDescription& option, OptionData& data);
-    void storeApart(const Names& list, OptionData& data);
+    // Storing.
+    using Entries = std::vector<Entry*>;
+    Entry* findEntry(const RegisteredName& name);
+    const Entries& entriesOf(const OptionDescription& option);
+    void storeUnderEachName(const OptionDescription& option, OptionData& data);
+    void storeApart(const Entries& list, OptionData& data);
     void recordDefault(const OptionDescription& option);
-    Given prepare(OptionData& data);
-    Given prepareCopy(const Given& source);
-    Record& ownRecord(Name& name);
-    void setRecord(Name& name, Record& record) noexcept;
-    void share(const Names& list, Record& record, std::uint64_t nameListId) noexcept;
-    static bool areDistinct(const Names& list);
-    static Record* commonRecord(const Names& list);
+    History prepare(OptionData& data);
+    History copyOf(const History& source);
+    Contents& ownContents(Entry& entry);
+    void setContents(Entry& entry, Contents& now) noexcept;
+    void share(const Entries& list, Contents& shared, std::uint64_t nameListId) noexcept;
+    static bool areDistinct(const Entries& list);
+    static Contents* contentsSharedBy(const Entries& list);
 
-    // Queries: 0 found, 1 not.
-    int find(const char* name, const char** text, tamsu2::variant_t& value, int low, int high,
-             std::int32_t& position);
-    int advance(const char** text, tamsu2::variant_t& value, std::int32_t& position);
-    void deliverDefault(const char** text, tamsu2::variant_t& value, std::int32_t& position) const;
-    bool isDefaultedOnly() const;
-    template <class Query>
-    static Value answer(Query query);
+    // The positions that a query asks for: an occurrence from `low` to below `high`, a value from `low` to `high`.
+    struct Range {
+        std::int32_t low = 0;
+        std::int32_t high = INT32_MAX;
 
-    Names namesInHand;  // what namesOf answered last, kept for its memory only
-    Pool<Name> names;
-    Pool<Record> records;
+        bool operator==(const Range&) const = default;
+    };
+
+    // What a get or present has begun, and next and nextPosition continue.
+    struct Iteration {
+        const Entry* entry = nullptr;  // null: the name was not found
+        Range range;
+        Chain<Occurrence>::Cursor occurrence;  // the next one to deliver
+        Chain<StoredValue>::Cursor value;      // the next one to deliver
+
+        // Of a name that has only a default, next delivers that default once after present, and never after get,
+        // which has delivered it. The range tells the two apart, since it means nothing to a default: present
+        // leaves an empty one at the end of all positions. So a get with just this range is followed by the
+        // default once more: kept on purpose.
+        bool isDefaultDue() const { return range == Range{INT32_MAX, INT32_MAX}; }
+        void setDefaultDue(bool isDue) { range = isDue ? Range{INT32_MAX, INT32_MAX} : Range{}; }
+    };
+
+    // Asking.
+    bool begin(const char* name, Range range);
+    Value deliverDefault() const;
+    Value deliverNext();
+    Value deliverOccurrence();
+    Value deliverValue();
+
+    Entries entriesAtHand;  // what entriesOf gave last, kept for its memory only
+    Pool<Entry> entries;
+    Pool<Contents> contents;
     Pool<Occurrence> occurrences;
     Pool<StoredValue> values;
-    TextTable<NameEntry> options;
+    TextTable<TableEntry> entriesByName;
     TextArena texts;  // of names and of stored values
-    Garbage garbage;
+    Garbage garbage;  // of what hosts were given
     std::vector<Argument> arguments;
 
-    // The one iteration that a result supports at a time. Unset cursors count as exhausted.
-    const Name* currentEntry = nullptr;
-    Chain<StoredValue>::Place valueCursor = nullptr;
-    Chain<Occurrence>::Place occurrenceCursor = nullptr;
-    std::int32_t rangeLow = 0;
-    std::int32_t rangeHigh = INT32_MAX;
-    std::size_t argumentCursor = SIZE_MAX;
+    Iteration iteration;                    // a result has one at a time, whatever the name
+    std::size_t argumentCursor = SIZE_MAX;  // of the next argument to deliver
 };
 
 }  // namespace vorn_3_1::internal

@@ -1,4 +1,4 @@
-// The narrow face of a result that recognisers see.
+// The narrow face of a result that recognisers see: they store, and know nothing of queries.
 #ifndef VORN_RESULT_RESULT_COLLECTOR_H
 #define VORN_RESULT_RESULT_COLLECTOR_H
 
@@ -8,9 +8,10 @@ namespace vorn_3_1::internal {
 
 class OptionDescription;
 
+/// Implemented by ParseResult. A recogniser gets a null pointer instead when the host parses without a result.
 class IResultCollector {
 public:
-    /// Records the occurrences and values under every name of the option, and takes the typed values out
+    /// Records the occurrence and its values under every name of the option, and takes the typed values out
     /// of `data`. Returns 0. Throws std::out_of_range when the option has no names.
     virtual int store(const OptionDescription& option, OptionData& data) = 0;
 

@@ -1,5 +1,13 @@
-// The queries. An occurrence is in a range up to but not at `high`, a value up to and at `high`; and a
-// default is found whatever the range. All three are what hosts rely on.
+// The queries. A host begins an iteration with get or present, and continues it with next:
+//
+//     get      the first value                      next   the second, the third, ...
+//     present  whether there is an occurrence       next   the first, the second, ...
+//
+// What next delivers depends on what the name has: its values; or its occurrences, when it was given without values;
+// or its default, when it was not given at all.
+//
+// Three rules are kept on purpose. An occurrence is in a range up to but not at `high`, a value up to and at `high`,
+// and a default is found whatever the range.
 #include <climits>
 #include <exception>
 #include <utility>
@@ -11,113 +19,101 @@ namespace vorn_3_1 {
 
 namespace {
 
-Value emptyValue(std::int32_t status) { return {nullptr, status, INT_MAX, {}}; }
+Value noValue(int status) { return {nullptr, status, INT_MAX, {}}; }
 
 }  // namespace
 
 namespace internal {
 
 bool ParseResult::present(const char* name, int low, int high) {
-    tamsu2::variant_t value;
-    std::int32_t position = INT_MAX;
-    try {
-        if (find(name, nullptr, value, low, high, position) != 0) return false;
-    } catch (const std::exception&) {
-        return false;
-    }
-    // The state in which next delivers a default exactly once.
-    if (isDefaultedOnly()) rangeLow = rangeHigh = INT_MAX;
+    if (!begin(name, {low, high})) return false;
+    if (iteration.entry->contents->isDefaultOnly()) iteration.setDefaultDue(true);
     return true;
 }
 
 Value ParseResult::get(const char* name, int low, int high) {
-    return answer([&](Value& out) { return find(name, &out.text, out.value, low, high, out.position); });
-}
-
-Value ParseResult::next(const char*) {
-    return answer([&](Value& out) { return advance(&out.text, out.value, out.position); });
-}
-
-template <class Query>
-Value ParseResult::answer(Query query) {
     try {
-        Value out = emptyValue(0);
-        const int code = query(out);
-        return code == 0 ? std::move(out) : emptyValue(code);
+        if (!begin(name, {low, high})) return noValue(notFound);
+        return iteration.entry->contents->isDefaultOnly() ? deliverDefault() : deliverNext();
     } catch (const std::exception&) {
-        return emptyValue(exceptionCaught);
+        return noValue(exceptionCaught);
     }
 }
 
-// A null `text` asks for presence only.
-int ParseResult::find(const char* name, const char** text, tamsu2::variant_t& value, int low, int high,
-                      std::int32_t& position) {
-    rangeLow = low;
-    rangeHigh = high;
-    const NameEntry* entry = name == nullptr ? nullptr : options.find(name);
-    currentEntry = entry == nullptr || entry->name->record == nullptr ? nullptr : entry->name;
-    valueCursor = nullptr;
-    occurrenceCursor = nullptr;
-    if (currentEntry == nullptr) return notFound;
-
-    const Given& given = currentEntry->record->given;
-    valueCursor = given.values.begin();
-    occurrenceCursor = given.occurrences.begin();
-    if (isDefaultedOnly()) {
-        deliverDefault(text, value, position);
-        return 0;
+// The name does not matter: a result has one iteration at a time.
+Value ParseResult::next(const char*) {
+    try {
+        return deliverNext();
+    } catch (const std::exception&) {
+        return noValue(exceptionCaught);
     }
-    while (*occurrenceCursor != nullptr &&
-           !((*occurrenceCursor)->position >= low && (*occurrenceCursor)->position < high)) {
-        occurrenceCursor = Chain<Occurrence>::after(occurrenceCursor);
-    }
-    if (*occurrenceCursor == nullptr) return notFound;
-    return text == nullptr ? 0 : advance(text, value, position);
 }
 
-int ParseResult::advance(const char** text, tamsu2::variant_t& value, std::int32_t& position) {
-    if (currentEntry == nullptr) return notFound;
-    if (isDefaultedOnly()) {
-        if (rangeLow != INT_MAX || rangeHigh != INT_MAX) return notFound;
-        deliverDefault(text, value, position);
-        rangeLow = 0;
-        return 0;
+// Whether the name has an occurrence in the range, or has only a default. The iteration then stands in front of that
+// occurrence, and of the name's first value.
+bool ParseResult::begin(const char* name, Range range) {
+    iteration = {};
+    iteration.range = range;
+    const TableEntry* known = name == nullptr ? nullptr : entriesByName.find(name);
+    if (known == nullptr || known->entry->contents == nullptr) return false;
+
+    const Contents& found = *known->entry->contents;
+    iteration.entry = known->entry;
+    iteration.value = found.history.values.begin();
+    iteration.occurrence = found.history.occurrences.begin();
+    if (found.isDefaultOnly()) return true;
+
+    auto& occurrence = iteration.occurrence;
+    while (!occurrence.isAtEnd() && !(occurrence->position >= range.low && occurrence->position < range.high))
+        occurrence.advance();
+    return !occurrence.isAtEnd();
+}
+
+Value ParseResult::deliverNext() {
+    if (iteration.entry == nullptr) return noValue(notFound);
+    const Contents& found = *iteration.entry->contents;
+    if (found.isDefaultOnly()) {
+        if (!iteration.isDefaultDue()) return noValue(notFound);
+        Value byDefault = deliverDefault();
+        iteration.setDefaultDue(false);
+        return byDefault;
     }
-    if (currentEntry->record->given.values.empty()) {
-        position = nextPosition();
-        return position == INT_MAX ? notFound : 0;
-    }
-    while (*valueCursor != nullptr && (*valueCursor)->position < rangeLow) {
-        valueCursor = Chain<StoredValue>::after(valueCursor);
-    }
-    if (*valueCursor == nullptr || (*valueCursor)->position > rangeHigh) return notFound;
-    StoredValue& found = **valueCursor;
+    return found.history.values.empty() ? deliverOccurrence() : deliverValue();
+}
+
+Value ParseResult::deliverDefault() const {
+    const Contents& found = *iteration.entry->contents;
+    return {found.defaultText, 0, iteration.entry->defaultPosition, found.defaultVariant};
+}
+
+// Not limited by the range: kept on purpose.
+Value ParseResult::deliverOccurrence() {
+    const int position = nextPosition();
+    return position == INT_MAX ? noValue(notFound) : Value{nullptr, 0, position, {}};
+}
+
+Value ParseResult::deliverValue() {
+    auto& next = iteration.value;
+    while (!next.isAtEnd() && next->position < iteration.range.low)
+        next.advance();
+    if (next.isAtEnd() || next->position > iteration.range.high) return noValue(notFound);
+
+    StoredValue& found = *next;
     if (!found.isKept) {
         found.text = garbage.adopt(found.text).data();
         found.isKept = true;
     }
-    value = found.value.kind() == tamsu2::qel_empty ? tamsu2::variant_t(found.text) : found.value;
-    *text = found.text;
-    position = found.position;
-    valueCursor = Chain<StoredValue>::after(valueCursor);
-    return 0;
-}
-
-void ParseResult::deliverDefault(const char** text, tamsu2::variant_t& value, std::int32_t& position) const {
-    value = currentEntry->record->defaultVariant;
-    if (text != nullptr) *text = currentEntry->record->defaultText;
-    position = currentEntry->defaultPosition;
-}
-
-bool ParseResult::isDefaultedOnly() const {
-    const Record& record = *currentEntry->record;
-    return record.given.occurrences.empty() && *record.defaultText != '\0';
+    Value value{found.text, 0, found.position, found.value};
+    if (value.value.kind() == tamsu2::qel_empty) value.value = tamsu2::variant_t(found.text);
+    next.advance();  // only now: a value that could not be copied can be asked for again
+    return value;
 }
 
 int ParseResult::nextPosition() {
-    if (occurrenceCursor == nullptr || *occurrenceCursor == nullptr) return INT_MAX;
-    const std::int32_t position = (*occurrenceCursor)->position;
-    occurrenceCursor = Chain<Occurrence>::after(occurrenceCursor);
+    auto& next = iteration.occurrence;
+    if (next.isAtEnd()) return INT_MAX;
+    const std::int32_t position = next->position;
+    next.advance();
     return position;
 }
 
@@ -138,7 +134,7 @@ int ParseResult::getNextArgument(const char** out) {
 }  // namespace internal
 
 Value getLastValue(IParseResult* result, const char* name, int low, int high) {
-    Value last = emptyValue(internal::notFound);
+    Value last = noValue(internal::notFound);
     if (result == nullptr || name == nullptr) return last;
     for (Value value = result->get(name, low, high); value.status == 0; value = result->next(name)) {
         last = std::move(value);

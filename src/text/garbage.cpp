@@ -9,22 +9,20 @@ constexpr std::string_view empty = "";  // one pointer for all keepers
 const char* Garbage::init(const char* text) { return keep(text == nullptr ? "" : text).data(); }
 
 std::string_view Garbage::keep(std::string_view text) {
-    if (text.empty()) return empty;
-    const std::uint32_t hash = hashOf(text);
-    const TextEntry* known = texts.find(text, hash);
-    return known == nullptr ? add(arena.copy(text), hash) : known->key();
+    return kept(text, [&] { return arena.copy(text); });
 }
 
 std::string_view Garbage::adopt(std::string_view text) {
-    if (text.empty()) return empty;
-    const std::uint32_t hash = hashOf(text);
-    const TextEntry* known = texts.find(text, hash);
-    return known == nullptr ? add(text, hash) : known->key();
+    return kept(text, [&] { return text; });
 }
 
-std::string_view Garbage::add(std::string_view text, std::uint32_t hash) {
+template <class Copy>
+std::string_view Garbage::kept(std::string_view text, Copy copy) {
+    if (text.empty()) return empty;
+    const std::uint32_t hash = hashOf(text);
+    if (const KeptText* known = texts.find(text, hash)) return known->text;
     texts.reserve(1);
-    return texts.add({text, hash}).key();
+    return texts.add({copy()}, hash).text;
 }
 
 }  // namespace vorn_3_1::internal

@@ -26,10 +26,17 @@ public:
     std::string_view adopt(std::string_view text);
 
 private:
-    std::string_view add(std::string_view text, std::uint32_t hash);
+    struct KeptText {
+        std::string_view key() const { return text; }
+
+        std::string_view text;
+    };
+
+    template <class Copy>
+    std::string_view kept(std::string_view text, Copy copy);
 
     TextArena arena;
-    TextTable<TextEntry> texts;
+    TextTable<KeptText> texts;
 };
 
 }  // namespace vorn_3_1::internal

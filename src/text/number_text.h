@@ -9,19 +9,12 @@ namespace vorn_3_1::internal {
 
 enum class Base { decimal, hexadecimal };
 
-/// Whose grouping and decimal point numbers have: the classic locale's, for which no stream is needed, or
-/// another one's.
-enum class Numerals { classic, localised };
-
-/// Those of the global locale of the moment.
-Numerals currentNumerals();
-
 /// Reads a number as `std::istringstream(text) >> value` does: leading blanks and a sign are taken, what
 /// follows the number is ignored, unsigned types wrap negative numbers, and what is out of range fails.
-/// `numerals` are the current ones. False leaves `value` unspecified. For bool, int, unsigned int, both 64-bit
-/// integers and double.
+/// The decimal point and the groups are those of the global locale of the moment. False leaves `value`
+/// unspecified. For bool, int, unsigned int, both 64-bit integers and double.
 template <class Number>
-bool readNumber(std::string_view text, Base base, Number& value, Numerals numerals = currentNumerals());
+bool readNumber(std::string_view text, Base base, Number& value);
 
 /// The text that `std::ostringstream() << value` gives. For the same types.
 template <class Number>

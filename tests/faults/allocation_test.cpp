@@ -4,8 +4,8 @@
 #include <numeric>
 #include <utility>
 
-#include "faults/heap.h"
-#include "public/fixture.h"
+#include "support/fixture.h"
+#include "support/heap.h"
 
 namespace vorn_3_1::public_tests {
 namespace {

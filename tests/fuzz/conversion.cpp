@@ -5,8 +5,8 @@
 #include <cstring>
 #include <string>
 
-#include "fuzz/plain_rules.h"
 #include "options/option_description.h"
+#include "support/plain_rules.h"
 #include "text/number_text.h"
 
 using namespace vorn_3_1::internal;
@@ -39,7 +39,8 @@ void compare(const std::string& text, const std::uint8_t* bytes, Base base) {
     const tamsu2::qel_variant_type_t type = variant_t(Number{}).kind();
     Registration registration;
     registration.type = type;
-    const OptionDescription option(registration, &keeper, {});
+    OptionContext context{{}, {}, &keeper};
+    const OptionDescription option(registration, 0, context);
     const auto number = vorn_tests::readByStream<Number>(text, plainBase(text, type) == Base::hexadecimal);
     const variant_t value = option.fromString(text);
     require(number ? value == variant_t(*number) && value.kind() == type : value.kind() == tamsu2::qel_empty,

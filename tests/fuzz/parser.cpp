@@ -25,7 +25,7 @@
 #include <string>
 #include <vector>
 
-#include "fuzz/plain_rules.h"
+#include "support/plain_rules.h"
 #include "vorn/vorn.h"
 
 using namespace vorn_3_1;

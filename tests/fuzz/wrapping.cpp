@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
-#include "fuzz/plain_rules.h"
 #include "parser/basic_parser.h"
+#include "support/plain_rules.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 3) return 0;

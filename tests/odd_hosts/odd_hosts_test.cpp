@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "faults/heap.h"
-#include "public/fixture.h"
+#include "support/fixture.h"
+#include "support/heap.h"
 
 namespace vorn_3_1::public_tests {
 

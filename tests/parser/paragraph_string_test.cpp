@@ -1,8 +1,8 @@
 // Word wrapping against its plain form.
 #include <gtest/gtest.h>
 
-#include "fuzz/plain_rules.h"
 #include "parser/basic_parser.h"
+#include "support/plain_rules.h"
 
 namespace vorn_3_1 {
 

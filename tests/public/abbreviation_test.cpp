@@ -1,8 +1,8 @@
 // How a typed name finds its option: by words, by prefixes, by the best score, or not at all.
 #include <map>
 
-#include "fixture.h"
-#include "fuzz/plain_rules.h"
+#include "support/fixture.h"
+#include "support/plain_rules.h"
 
 namespace vorn_3_1::public_tests {
 
@@ -70,6 +70,24 @@ TEST(Abbreviation, everyShortArgumentMatchesAsByThePlainRules) {
             EXPECT_EQ(outcome == "0" ? cli.stored(names) : outcome, expectedOf(options, argument)) << names;
         }
     }
+}
+
+TEST(Abbreviation, aNameMayHaveAnyNumberOfWords) {
+    const Cli cli(unknownIsError);
+    std::string name, typed = "-";
+    for (unsigned i = 0; i < 80000; ++i) {
+        name += "word-";
+        typed += i % 2 == 0 ? "w-" : "-";
+    }
+    cli.option(name.c_str(), qel_empty);
+    cli.option((name + "longer").c_str(), qel_empty);
+    cli.option((name + "last").c_str(), qel_empty);
+    for (unsigned i = 0; i < 70; ++i)  // so many that they are brought in order on the way
+        cli.option(("other-name" + std::to_string(i)).c_str(), qel_empty);
+    for (unsigned i = 0; i < 40; ++i)
+        EXPECT_EQ(cli.parse(typed + "lo"), "0");
+    EXPECT_EQ(cli.occurrences((name + "longer").c_str()).size(), 40u);
+    EXPECT_EQ(cli.parse(typed + "x").substr(0, 18), "2 Unknown option: ");
 }
 
 }  // namespace vorn_3_1::public_tests

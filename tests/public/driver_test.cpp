@@ -2,8 +2,8 @@
 #include <locale>
 #include <stdexcept>
 
-#include "fixture.h"
-#include "fuzz/plain_rules.h"
+#include "support/fixture.h"
+#include "support/plain_rules.h"
 
 namespace vorn_3_1::public_tests {
 

@@ -1,7 +1,7 @@
 // What handlers hear, in which order, what their answers do, and what they may do meanwhile.
 #include <stdexcept>
 
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 
@@ -30,7 +30,7 @@ TEST_F(Events, handlersHearEachEventOnceByAddress) {
     EXPECT_EQ(events, "1?-zz 3?-zz 1name 3name 1name=y 3name=y ");
 }
 
-TEST_F(Events, mayBeRaisedByTheHostAndThenStopExceptions) {
+TEST_F(Events, mayBeRaisedByTheHostWhichThenGetsWhatAHandlerThrows) {
     IParser& parser = *cli.parser;
     const Value value{"v", 0, 7, {}};
     EXPECT_TRUE(parser.onOptionParse("n") && parser.onValueParse("n", value) && parser.onUknownArgument("u"));
@@ -40,7 +40,52 @@ TEST_F(Events, mayBeRaisedByTheHostAndThenStopExceptions) {
                 parser.onUknownArgument(nullptr));
     EXPECT_EQ(events, "1n 2n 1n=v 2n=v 1? 2? ");
     handlers[0].atValue = [](const Value&) -> bool { throw std::runtime_error("from a handler"); };
-    EXPECT_FALSE(parser.onValueParse("n", value));
+    EXPECT_THROW(parser.onValueParse("n", value), std::runtime_error);
+}
+
+// A parser that handles another one's events must not turn a failure into an answer.
+TEST_F(Events, aHandlersExceptionPassesThroughTheParserBetween) {
+    const Cli outer(unknownIsError | positionalAfterTerminator | hyphenNotPositional);
+    outer.option("name")->positional();
+    outer.parser->addHandler(cli.parser);
+    cli.parser->addHandler(&handlers[0]);
+    EXPECT_EQ(outer.parse("-n=x -- y"), "0");
+    EXPECT_EQ(events, "1name 1name=x 1name 1name=y ");
+
+    const auto failure = [](auto&&...) -> bool { throw std::runtime_error("from a handler"); };
+    handlers[0].atUnknown = failure;
+    EXPECT_EQ(outer.parse("-zz"), "4 Unidentified problem detected.");
+    handlers[0].atValue = failure;
+    EXPECT_EQ(outer.parse("-n=x"), "4 Unidentified problem detected.");
+    EXPECT_EQ(outer.parse("-- y"), "3 ");
+    handlers[0].atValue = nullptr;
+    handlers[0].atOption = failure;
+    EXPECT_EQ(outer.parse("-n=x"), "4 Unidentified problem detected.");
+}
+
+TEST_F(Events, parsersThatHandleEachOtherEndTheEvent) {
+    EXPECT_FALSE(cli.parser->addHandler(cli.parser));
+    EXPECT_EQ(cli.parse("-n=x"), "0");
+    const Cli others[2];
+    cli.parser->addHandler(&handlers[0]);
+    cli.parser->addHandler(others[0].parser);
+    others[0].parser->addHandler(others[1].parser);
+    for (const Cli* last : {&others[0], &others[1]}) {
+        EXPECT_TRUE(last->parser->addHandler(cli.parser));
+        EXPECT_EQ(cli.parse("-n=x"), "4 Unidentified problem detected.");
+        EXPECT_EQ(cli.parse("-zz"), "4 Unidentified problem detected.");
+        EXPECT_THROW(cli.parser->onValueParse("n", Value{"v", 0, 7, {}}), std::exception);
+        EXPECT_TRUE(last->parser->removeHandler(cli.parser));  // a chain is no ring
+        EXPECT_EQ(cli.parse("-n=x"), "0");
+    }
+}
+
+TEST_F(Events, aHandlerMayParse) {
+    cli.parser->addHandler(&handlers[0]);
+    int files = 0;
+    handlers[0].atUnknown = [&] { return cli.parse(++files < 50 ? "-file" : "-n=x") != "0"; };
+    EXPECT_EQ(cli.parse("-file -n=y"), "0");
+    EXPECT_EQ(cli.values("name"), "[x][y]");
 }
 
 TEST_F(Events, aVetoEndsTheEventAndTheParse) {

@@ -1,5 +1,5 @@
 // Whole help texts: groups, headings, value syntax, defaults, and the wrapping of words.
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 

@@ -1,5 +1,5 @@
 // The diagnostic log of whole parses, line by line, and when it is on.
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 

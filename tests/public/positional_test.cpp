@@ -1,5 +1,5 @@
 // Which bare arguments the positional option takes, under each flag.
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 

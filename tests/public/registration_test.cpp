@@ -1,5 +1,5 @@
 // Which registrations are refused, how the names text is cut, and what a refusal leaves behind.
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 

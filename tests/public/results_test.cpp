@@ -1,5 +1,5 @@
 // What a result answers to a host: cursors, texts, defaults, and what several parses leave.
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 

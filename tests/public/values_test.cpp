@@ -1,7 +1,7 @@
 // From the text of a value to the typed value: conversion, allowed values, list items, and every message.
 #include <cstdlib>
 
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <new>
 
-#include "fixture.h"
+#include "support/fixture.h"
 
 namespace vorn_3_1::public_tests {
 
@@ -34,14 +34,22 @@ TEST(Variant, layoutIsEightValueBytesThenTheKind) {
     EXPECT_EQ(variant_t(1.0F).kind(), qel_double);
 }
 
+// Of a floating kind that no constructor makes.
+static variant_t otherFloating(double number) {
+    variant_t value(number);
+    const std::int32_t kind = 10;
+    std::memcpy(reinterpret_cast<char*>(&value) + 8, &kind, sizeof kind);
+    return value;
+}
+
 TEST(Variant, equalityGoesByTheTwoKinds) {
     const char* const null = nullptr;
     const std::vector<std::vector<variant_t>> classes = {
-        {true, 1, 1U, 1LL, 1ULL, 1.0},
+        {true, 1, 1U, 1LL, 1ULL, 1.0, otherFloating(1.0)},
         {false, 0, 0U, 0LL, 0ULL, 0.0, -0.0},
         {-1, -1LL, ULLONG_MAX},
         {UINT_MAX, 4294967295LL, 4294967295.0},  // zero-extended, so no -1
-        {-1.0},                                  // no integer is
+        {-1.0, otherFloating(-1.0)},             // no integer is
         {0.1},
         {"a", variant_t::borrowed("a")},
         {"ab"},
@@ -143,6 +151,39 @@ TEST(Variant, ownedMemoryGoesThroughTheSharedAllocator) {
     new (static_cast<void*>(&variant_t::m_mem)) variant_t::allocator_t;
     EXPECT_EQ(obtained, (std::vector<std::size_t>{4, 16, 6, 4, 6, 16}));
     EXPECT_EQ(released, 6);
+}
+
+// On i386 a pointer leaves half of the value bytes free, and whoever builds variants by hand may leave anything there.
+TEST(Variant, ofAPointerOnlyThePointerCounts) {
+    const char* const null = nullptr;
+    const auto withNoise = [](variant_t value) {
+        std::memset(reinterpret_cast<char*>(&value) + sizeof(void*), 0x5A, 8 - sizeof(void*));
+        return value;
+    };
+    obtained.clear();
+    released = 0;
+    new (static_cast<void*>(&variant_t::m_mem)) CountingAllocator;
+    for (const variant_t& original : {variant_t(null), variant_t(nullptr, 3), variant_t::borrowed(null)}) {
+        const variant_t noisy = withNoise(original), copy(noisy);
+        EXPECT_TRUE(copy == original && noisy == original);
+        EXPECT_TRUE(copy.asBlock() == nullptr && copy.blockSize() == 0 && copy.asString() == nullptr);
+    }
+    new (static_cast<void*>(&variant_t::m_mem)) variant_t::allocator_t;
+    EXPECT_TRUE(obtained.empty() && released == 0);
+    EXPECT_TRUE(withNoise(variant_t::borrowed("a")) == withNoise("a"));
+}
+
+struct SmallAllocator : variant_t::allocator_t {
+    void* obtain(std::size_t size) override {
+        return size > 1000 ? throw std::bad_alloc() : allocator_t::obtain(size);
+    }
+};
+
+TEST(Variant, aBlockThatMemoryCannotHoldIsRefused) {
+    new (static_cast<void*>(&variant_t::m_mem)) SmallAllocator;
+    for (const std::uint32_t count : {0xFFFFFFFBU, 0xFFFFFFFCU, 0xFFFFFFFFU})
+        EXPECT_THROW(variant_t(&count, count), std::bad_alloc);
+    new (static_cast<void*>(&variant_t::m_mem)) variant_t::allocator_t;
 }
 
 }  // namespace vorn_3_1::public_tests

@@ -1,55 +1,57 @@
-// The tree of names against a search through all of them.
+// The search for shortened names against one that compares all words of all names.
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <deque>
 #include <random>
 
-#include "fuzz/plain_rules.h"
-#include "recognisers/decomposed_name.h"
-#include "recognisers/word_tree.h"
+#include "options/registered_option_storage.h"
+#include "recognisers/name_search.h"
+#include "support/plain_rules.h"
 
 namespace vorn_3_1::internal {
 
 namespace {
 
-std::vector<std::string> namesOf(const std::vector<NameMatch>& matches) {
+std::vector<std::string> bestOf(NameSearch& search, const std::string& typed, const OptionIndex& index) {
+    std::vector<NameMatch> matches;
+    search.find(typed, index.names(), matches);
     std::vector<std::string> names;
     for (const NameMatch& match : matches)
-        names.push_back(match.getName());
+        names.push_back((match.negated ? "no-" : "") + std::string(index.names()[match.name].key()));
     std::ranges::sort(names);
     return names;
 }
 
 }  // namespace
 
-TEST(WordTree, findsWhatASearchThroughAllNamesFinds) {
+TEST(NameSearch, findsWhatASearchThroughAllNamesFinds) {
     std::vector<std::string> typedNames = vorn_tests::allTexts("noO-", 4);
     const std::vector<std::string> pool = vorn_tests::allTexts("noO-", 6);
     for (std::size_t i = typedNames.size(); i < pool.size(); i += 17)
         typedNames.push_back(pool[i]);
     std::mt19937 random(1);
     for (unsigned round = 0; round < 8; ++round) {
-        WordTree tree;
-        std::deque<std::string> texts;
-        std::vector<RegisteredName> names;
+        Garbage keeper;
+        RegisteredOptionStorage storage(&keeper);
+        NameSearch search;
         std::vector<std::string> candidates;
-        while (names.size() < 200) {
-            const auto ordinal = static_cast<unsigned>(names.size());
+        const auto choose = [&] {
+            return pool[random() % (round < 4 ? 100 : pool.size())];
+        };  // the more alike
+        while (storage.index().names().size() < 200) {
+            const std::string name = choose();
             const bool isSwitch = random() % 2 == 0;
-            texts.push_back(pool[random() % (round < 4 ? 100 : pool.size())]);  // the more alike or different
-            names.push_back({texts.back(), ordinal / 2, ordinal % 2, isSwitch});
-            candidates.push_back(texts.back());
-            if (isSwitch) candidates.push_back("no-" + texts.back());
-            if (names.size() % 40 != 0) continue;  // the tree is used while it grows
+            IOption* option = storage.option(nullptr, "", isSwitch ? tamsu2::qel_bool : tamsu2::qel_int, "");
+            option->synonym(name.c_str());
+            candidates.push_back(name);
+            if (isSwitch) candidates.push_back("no-" + name);
             std::ranges::sort(candidates);
-            tree.update(names);
-            for (const std::string& typed : typedNames) {
-                std::vector<NameMatch> matches;
-                const DecomposedName words(typed);
-                ASSERT_EQ(words.getName(), typed);
-                tree.match(words, matches);
-                ASSERT_EQ(namesOf(matches), vorn_tests::bestMatches(typed, candidates)) << typed;
+            // Names are looked for while there are more and more of them, sorted or not.
+            const std::size_t step = storage.index().names().size() % 40 == 0 ? 1 : 97;
+            for (std::size_t i = random() % step; i < typedNames.size(); i += step) {
+                ASSERT_EQ(bestOf(search, typedNames[i], storage.index()),
+                          vorn_tests::bestMatches(typedNames[i], candidates))
+                    << typedNames[i];
             }
         }
     }

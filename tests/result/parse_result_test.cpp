@@ -8,6 +8,7 @@
 #include <map>
 #include <random>
 #include <tuple>
+#include <utility>
 
 #include "base/position_counter.h"
 #include "options/registered_option_storage.h"
@@ -33,23 +34,24 @@ class Model {
 public:
     void store(const OptionDescription& option, const OptionData& data) {
         const bool isFirst = entries.count(option.firstName()) == 0;
-        for (const OptionName& name : option.names()) {
-            Entry& entry = entries[name.text];
+        option.eachName([&](const RegisteredName& name) {
+            Entry& entry = entries[name.key()];
             if (isFirst) entry = {};
             entry.occurrences.push_back(data.position);
             for (const ValueRecord& record : data.values)
                 entry.values.emplace_back(record.position, record.text, record.value.asString());
-            if (current != &entry) continue;
+            if (current != &entry) return;
             value = std::min(value, entry.values.size());  // an iteration over what is replaced
             occurrence = std::min(occurrence, entry.occurrences.size());
-        }
+        });
     }
 
     void applyDefault(const OptionDescription& option, unsigned& counter) {
         if (!option.hasDefault() || option.type() == qel_empty) return;
         const char* text = option.defaultValue().asString();
-        for (const OptionName& name : option.names())
-            entries[name.text].byDefault = {static_cast<int>(counter++), text, text};
+        option.eachName([&](const RegisteredName& name) {
+            entries[name.key()].byDefault = {static_cast<int>(counter++), text, text};
+        });
     }
 
     bool present(std::string_view name, int from, int to) {
@@ -207,6 +209,24 @@ TEST(ParseResult, answersAsIfEveryNameHadItsOwnRecord) {
                 twins.compare(name);
         }
     }
+}
+
+// A process that has drawn every position goes on, but queries from 0 on find no more.
+TEST(ParseResult, keepsWhatComesAfterTheLastPositionOutOfUsualRanges) {
+    Garbage keeper;
+    RegisteredOptionStorage storage(&keeper);
+    storage.option("a", "", qel_empty, "");
+    ParseResult result;
+    const unsigned before = std::exchange(positionCounter, INT_MAX - 1);
+    for (int i = 0; i < 3; ++i) {
+        OptionData data{nextPosition(), {}};
+        result.store(storage.description(0), data);
+    }
+    positionCounter = before;
+    EXPECT_EQ(answerOf(result.get("a", 0, INT_MAX)), Answer(INT_MAX - 1, "(null)", "(none)"));
+    EXPECT_EQ(answerOf(result.next("a")), miss);  // INT_MAX, which says that there is none
+    EXPECT_FALSE(result.present("a", INT_MAX, INT_MAX));
+    EXPECT_EQ(answerOf(result.get("a", INT_MIN, 0)), Answer(INT_MIN, "(null)", "(none)"));
 }
 
 }  // namespace vorn_3_1::internal

@@ -10,7 +10,7 @@
 #include <locale>
 #include <random>
 
-#include "fuzz/plain_rules.h"
+#include "support/plain_rules.h"
 
 namespace vorn_3_1::internal {
 

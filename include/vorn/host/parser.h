@@ -27,8 +27,18 @@ struct Variable {
     std::string value;
 };
 
+class Abbreviations;
+
 /// Whether settings may be missing.
 enum class Missing { refused, allowed };
+
+/// Whether help is written with colours. Left to itself, a terminal gets them unless NO_COLOR is set.
+enum class Colours { automatic, always, never };
+
+// In host/help.h.
+struct OptionInfo;
+struct HelpPage;
+struct HelpStyle;
 
 /// Declares what a tool takes, parses its arguments and tells users about it. Movable; a moved-from parser is only
 /// good for being destroyed or assigned to. Throws std::bad_alloc when memory runs out; the call can be repeated.
@@ -104,6 +114,13 @@ public:
 
     /// Registers --version, which shows this text behind the program's name.
     Parser& version(Text text);
+    /// What help shows at its end: examples, where to report mistakes.
+    Parser& epilogue(Text text);
+    /// Whether parseOrExit writes help with colours; for the outermost parser.
+    Parser& colours(Colours wanted);
+    /// Renames the option that prints a shell's completion script, which is --completion otherwise; an empty name drops
+    /// it. It is no option like others: it counts typed in full and as the first argument only, in parseOrExit.
+    Parser& completion(Text name);
     /// Reads -vvq, -j4 and -Idir letter by letter, where the letters are names and nothing else is meant.
     Parser& joinedShort();
     /// Reads each separate argument "@file" as a file with one argument per line, in its place.
@@ -115,6 +132,20 @@ public:
     Parser& settings(Text path, Missing missing = Missing::refused);
     /// The same from a text; messages name it so.
     Parser& settings(Text text, Text name);
+
+    // Help. It needs no parse, and looks at no environment but the one that is handed over. What a parser takes is
+    // known only once its declarations fit together: each throws RegistrationError if they do not.
+
+    /// What --help shows, 80 columns wide, or as the style says.
+    std::string help() const;
+    std::string help(const HelpStyle& style) const;
+    /// The same as data; include host/help.h. Of the style, the columns and colours mean nothing here.
+    HelpPage page(const HelpStyle& style) const;
+    /// All that was declared of this parser, in that order, and --help and its like. Commands have theirs.
+    std::vector<OptionInfo> options(const std::vector<Variable>& environment = {}) const;
+    /// The manual page of the whole tool, commands included, for man(1). `date` is shown at its foot; without one it is
+    /// the day that SOURCE_DATE_EPOCH names, or today.
+    std::string manual(Text date = {}, Text section = "1") const;
 
     // Parsing.
 
@@ -136,6 +167,9 @@ public:
     /// Throws RegistrationError with all contradictions of this parser and its commands, a line each. For a host's
     /// tests: what is not chosen is otherwise not looked at.
     void verify();
+
+    /// What users may type for each name; see abbreviations.h.
+    Abbreviations abbreviations();
 
     /// What is in force in the result, as a settings text that reads back to the same; each line stands below a
     /// comment with its origin.

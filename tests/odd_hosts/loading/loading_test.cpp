@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "public/fixture.h"
+#include "support/fixture.h"
 
 namespace {
 

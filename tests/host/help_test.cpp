@@ -1,0 +1,461 @@
+// What --help shows: whole pages, and what holds for every page however wide it is.
+#include "vorn/host/help.h"
+
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "host/large_tool.h"
+#include "vorn/host.h"
+
+namespace host = vorn::host;
+
+namespace {
+
+std::string helpOf(const host::Parser& parser, unsigned columns, bool showsAll = false) {
+    host::HelpStyle style;
+    style.columns = columns;
+    style.showsAll = showsAll;
+    return parser.help(style);
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::size_t begin = 0;
+    for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', begin)) {
+        lines.push_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    EXPECT_EQ(begin, text.size()) << "the last line does not end";
+    return lines;
+}
+
+/// The columns of a line of Latin or Chinese letters; nothing for what is no UTF-8 or could be obeyed by a terminal.
+int columnsOf(const std::string& line) {
+    int columns = 0;
+    for (std::size_t i = 0; i < line.size();) {
+        const auto first = static_cast<unsigned char>(line[i]);
+        const std::size_t length = first < 0x80   ? 1
+                                   : first < 0xC2 ? 0
+                                   : first < 0xE0 ? 2
+                                   : first < 0xF0 ? 3
+                                                  : 4;
+        if (length == 0 || first < ' ' || first == 0x7F || i + length > line.size()) return -1;
+        for (std::size_t k = 1; k < length; ++k) {
+            if ((static_cast<unsigned char>(line[i + k]) & 0xC0) != 0x80) return -1;
+        }
+        const bool isMark = first == 0xCC;  // U+0300 to U+033F
+        columns += isMark ? 0 : length >= 3 ? 2 : 1;
+        i += length;
+    }
+    return columns;
+}
+
+void expectToFit(const std::string& text, unsigned columns) {
+    for (const std::string& line : linesOf(text)) {
+        const int width = columnsOf(line);
+        EXPECT_GE(width, 0) << "broken: " << line;
+        EXPECT_LE(width, static_cast<int>(columns)) << line;
+        EXPECT_FALSE(!line.empty() && line.back() == ' ') << "ends with a blank: " << line;
+    }
+}
+
+}  // namespace
+
+TEST(Help, showsArgumentsOptionsAndWhatTheyTake) {
+    host::Parser parser("thumbs", "Makes small copies of images.");
+    parser.version("1.4.0");
+    (void)parser.add<int>("quality,q", "How good they look.")
+        .range(1, 100)
+        .defaultTo(80)
+        .environment("THUMBS_QUALITY");
+    (void)parser.add<std::string>("format", "What to write.").allow("text", "json").defaultTo("text");
+    (void)parser.add<int>("size", "Widths in pixels.").metavar("PIXELS").list(',');
+    (void)parser.add<std::string>("colour", "When to use colours.")
+        .allow("never", "auto", "always")
+        .implicit("auto");
+    (void)parser.add<std::string>("output-dir,o", "Where they go.").metavar("DIR").required();
+    (void)parser.add<double>("limit", "Stop after so many seconds.").minimum(0.5);
+    const auto verbose = parser.addCount("verbose,v", "Say what is done; twice says more.").key();
+    const auto quiet = parser.addSwitch("quiet", "Say nothing.").key();
+    (void)parser.addSwitch("keep", "Never replace a file.").defaultTo(true).synonym("k");
+    (void)parser.addPositional<std::string>("image", "Pictures to read.").atLeast(1);
+    parser.exclusive({quiet, verbose});
+    parser.epilogue("Examples:\n  thumbs -q 60 -o small *.jpg");
+    EXPECT_EQ(parser.help(), R"(Usage: thumbs [OPTION...] --output-dir DIR IMAGE...
+
+Makes small copies of images.
+
+Arguments:
+  IMAGE...                Pictures to read.
+
+Options:
+  -q, --quality N         How good they look. (1 to 100; default: 80;
+                          environment: THUMBS_QUALITY)
+      --format text|json  What to write. (default: text)
+      --size PIXELS,...   Widths in pixels. (can be repeated)
+      --colour[=never|auto|always]
+                          When to use colours. (alone: auto)
+  -o, --output-dir DIR    Where they go. (required)
+      --limit NUMBER      Stop after so many seconds. (at least 0.5)
+  -v, --verbose           Say what is done; twice says more. (can be repeated;
+                          not with --quiet)
+      --[no-]quiet        Say nothing. (not with --verbose)
+  -k, --[no-]keep         Never replace a file. (default: on)
+  -h, --help              Show this help and exit.
+      --version           Show the version and exit.
+
+Examples:
+  thumbs -q 60 -o small *.jpg
+)");
+}
+
+TEST(Help, isShownForEachCommandWithTheGlobalOptionsAroundIt) {
+    host::Parser parser("nctl", "Keeps notes.");
+    (void)parser.add<std::string>("store", "Where the notes are.").required().global();
+    host::Parser& add = parser.command("add,new", "Adds a note.\nIt may be long.");
+    (void)add.add<std::string>("label", "Words that describe it.").list(',');
+    (void)add.addPositional<std::string>("text", "What it says.");
+    (void)add.addPositional<int>("copies", "How often.").optional();
+    EXPECT_EQ(parser.help(), R"(Usage: nctl [OPTION...] --store TEXT COMMAND [ARGUMENT...]
+
+Keeps notes.
+
+Options:
+      --store TEXT  Where the notes are. (required)
+  -h, --help        Show this help and exit.
+
+Commands:
+  add, new          Adds a note.
+)");
+    EXPECT_EQ(add.help(), R"(Usage: nctl --store TEXT add [OPTION...] TEXT [COPIES]
+
+Adds a note.
+It may be long.
+
+Arguments:
+  TEXT                  What it says.
+  COPIES                How often.
+
+Options:
+      --label TEXT,...  Words that describe it. (can be repeated)
+  -h, --help            Show this help and exit.
+
+Global options:
+      --store TEXT      Where the notes are. (required)
+)");
+}
+
+TEST(Help, keepsHiddenAndDeprecatedOptionsForWhoeverAsksForAll) {
+    host::Parser parser("tool");
+    const auto day = parser.add<std::string>("day", "").group("Time").key();
+    const auto week = parser.add<std::string>("week", "").group("Time").key();
+    parser.add<std::string>("size", "How large.");
+    parser.add<std::string>("scale", "How large.").deprecated("use --size");
+    parser.addFlag("trace", "").hidden();
+    parser.oneOf({day, week});
+    EXPECT_EQ(parser.help(), R"(Usage: tool [OPTION...] {--day TEXT | --week TEXT}
+
+Options:
+      --size TEXT  How large.
+  -h, --help       Show this help and exit.
+      --help-all   Show the help with all options and exit.
+
+Time:
+      --day TEXT   (not with --week)
+      --week TEXT  (not with --day)
+)");
+    EXPECT_EQ(helpOf(parser, 80, true), R"(Usage: tool [OPTION...] {--day TEXT | --week TEXT}
+
+Options:
+      --size TEXT   How large.
+      --scale TEXT  How large. (deprecated: use --size)
+      --trace
+  -h, --help        Show this help and exit.
+      --help-all    Show the help with all options and exit.
+
+Time:
+      --day TEXT    (not with --week)
+      --week TEXT   (not with --day)
+)");
+}
+
+TEST(Help, tellsTheDefaultThatAVariableGives) {
+    host::Parser parser("tool");
+    parser.add<std::string>("name", "").environment("A").allow("one", "two", "three").metavar("X");
+    (void)parser.add<int>("number", "").environment("B").list(',').defaultTo({1, 2});
+    parser.addSwitch("fast", "").environment("C");
+    parser.addCount("more", "").environment("D");
+    host::HelpStyle style;
+    const auto notesWith = [&](const std::vector<host::Variable>& variables) {
+        style.environment = variables;
+        const host::HelpPage page = parser.page(style);
+        std::vector<std::string> last;
+        for (const host::HelpEntry& entry : page.sections.front().entries) {
+            if (!entry.notes.empty()) last.push_back(entry.notes.back());
+        }
+        return last;
+    };
+    using List = std::vector<std::string>;
+    EXPECT_EQ(notesWith({}), (List{"environment: A", "environment: B", "environment: C", "environment: D"}));
+    EXPECT_EQ(notesWith({{"A", "th"}, {"B", "5,6"}, {"C", "1"}, {"D", "2"}}),
+              (List{"default: three, from A", "default: 5,6, from B", "default: on, from C",
+                    "default: 2, from D"}));
+    // What would be refused is no default.
+    EXPECT_EQ(notesWith({{"A", "t"}, {"B", "5,"}, {"C", "maybe"}, {"D", "-1"}}),
+              (List{"environment: A", "environment: B", "environment: C", "environment: D"}));
+}
+
+TEST(Help, breaksWhereItsReadersDo) {
+    host::Parser parser("tool");
+    parser.epilogue(
+        "long-words-are-cut-where-the-line-ends\n"
+        "  - indented lines stay indented\n"
+        "\n"
+        "图像(默认)质量,越高越好。\n"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81"
+        "e\xCC\x81\n"
+        "a\033[1m\a\xFF\tb");
+    EXPECT_EQ(helpOf(parser, 12), R"(Usage: tool
+   [OPTION..
+   .]
+
+Options:
+-h, --help
+  Show this
+  help and
+  exit.
+
+long-words-a
+re-cut-where
+-the-line-en
+ds
+  - indented
+  lines stay
+  indented
+
+图像(默认)质
+量,越高越
+好。
+)"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81"
+                                  "e\xCC\x81\n"
+                                  "e\xCC\x81\n"
+                                  R"(a\x1B[1m\x07
+\xFF b
+)");
+}
+
+TEST(Help, fitsWhateverItsLanguageAndWidth) {
+    for (const auto language : {large_tool::english, large_tool::german, large_tool::chinese}) {
+        const host::Parser parser = large_tool::make(language);
+        for (const unsigned columns : {2U, 3U, 20U, 39U, 40U, 41U, 60U, 80U, 100U, 200U}) {
+            SCOPED_TRACE(columns);
+            expectToFit(helpOf(parser, columns), columns);
+        }
+    }
+}
+
+TEST(Help, alignsDescriptionsByWhatIsSeen) {
+    for (const auto language : {large_tool::english, large_tool::german, large_tool::chinese}) {
+        const host::Parser parser = large_tool::make(language);
+        for (const unsigned columns : {60U, 80U, 100U}) {
+            const std::string help = helpOf(parser, columns);
+            int aligned = 0;
+            int column = 0;
+            for (const large_tool::Row& row : large_tool::rows) {
+                const std::string text = std::string(row.description.in[language]).substr(0, 6);
+                for (const std::string& line : linesOf(help)) {
+                    const std::size_t begin = line.find("  " + text, 3);
+                    if (begin == std::string::npos) continue;
+                    const int found = columnsOf(line.substr(0, begin + 2));
+                    if (column == 0) column = found;
+                    EXPECT_EQ(found, column) << line;
+                    ++aligned;
+                }
+            }
+            EXPECT_GE(aligned, 40);
+            EXPECT_LE(column, static_cast<int>(columns / 2));
+        }
+    }
+}
+
+TEST(Help, fitsWithTextsThatNobodyShouldWrite) {
+    const std::string hostile[] = {std::string(200, 'x'),
+                                   "\033]0;title\a\r\n\b",
+                                   "\xFF\xC3\xE4\xB8\xF0\x9F\x98 \xED\xA0\x80",
+                                   "\xE2\x80\xAE"
+                                   "txt",
+                                   std::string(60, '\xCC'),
+                                   "图图图图图图图图图图图图图图图图图图图图图图图图图图图图图图"};
+    for (const std::string& text : hostile) {
+        host::Parser parser("tool" + text, text);
+        parser.epilogue(text);
+        (void)parser.add<std::string>("name,n", text)
+            .metavar(text)
+            .group(text)
+            .defaultTo(text)
+            .environment("V");
+        (void)parser.addPositional<std::string>("argument", text).metavar(text);
+        (void)parser.add<std::string>(std::string(90, 'l') + ",s", text)
+            .deprecated(text)
+            .allow("a", text + "z");
+        for (unsigned columns = 4; columns < 100; columns += 4) {
+            SCOPED_TRACE(columns);
+            host::HelpStyle style;
+            style.columns = columns;
+            style.showsAll = true;
+            style.environment = {{"V", text + std::string(100000, 'y')}};
+            const std::string help = parser.help(style);
+            expectToFit(help, columns);
+            EXPECT_LT(help.size(), 20000U);
+        }
+    }
+}
+
+TEST(Help, isDataForAHostThatShowsItInAnotherWay) {
+    host::Parser parser("tool");
+    (void)parser.add<int>("size,s", "How large.").range(1, 9).defaultTo(3).environment("SIZE").group("Look");
+    (void)parser.addPositional<std::string>("file", "").atLeast(2);
+    const std::vector<host::OptionInfo> options = parser.options({{"SIZE", "4"}});
+    ASSERT_EQ(options.size(), 3U);
+    using List = std::vector<std::string>;
+    const host::OptionInfo& size = options[0];
+    EXPECT_EQ(size.names, (List{"size", "s"}));
+    EXPECT_EQ(size.forms, (List{"-s", "--size"}));
+    EXPECT_EQ(List({size.metavar, size.group, size.lowest, size.highest, size.variable}),
+              (List{"N", "Look", "1", "9", "SIZE"}));
+    EXPECT_EQ(size.defaults, List{"3"});
+    EXPECT_EQ(size.fromVariable, List{"4"});
+    EXPECT_EQ(options[1].forms, List{"FILE"});
+    EXPECT_TRUE(options[1].isRequired && options[1].takesRest && options[1].atLeast == 2);
+    EXPECT_TRUE(options[2].isBuiltIn);
+}
+
+// What a process writes, with a terminal of some width or with a pipe.
+namespace {
+
+struct Shown {
+    std::string text;
+    int code;
+};
+
+/// Runs the tool in a process of its own. `columns` 0 makes its output a pipe.
+Shown runInTerminal(unsigned columns, const char* argument, const std::vector<std::string>& environment,
+                    host::Colours colours = host::Colours::automatic) {
+    int output = -1;
+    int ends[2] = {-1, -1};
+    winsize size = {};
+    size.ws_row = 25;
+    size.ws_col = static_cast<unsigned short>(columns);
+    if (columns == 0 && pipe(ends) != 0) return {"no pipe", -1};
+    const pid_t child = columns == 0 ? fork() : forkpty(&output, nullptr, nullptr, &size);
+    if (child == 0) {
+        if (columns == 0) dup2(ends[1], STDOUT_FILENO);
+        for (const char* name : {"COLUMNS", "NO_COLOR"})
+            unsetenv(name);
+        setenv("TERM", "xterm", 1);
+        for (const std::string& variable : environment)
+            putenv(const_cast<char*>(variable.c_str()));
+        host::Parser parser("tool",
+                            "It has a description that is longer than most screens are wide, so that it "
+                            "tells how wide the help is which shows it to people.");
+        parser.version("1.4.0").colours(colours);
+        const char* const arguments[] = {"tool", "--wrong", argument};
+        (void)parser.parseOrExit(3, arguments);
+        _exit(99);
+    }
+    if (columns == 0) {
+        close(ends[1]);
+        output = ends[0];
+    }
+    Shown shown = {"", -1};
+    char buffer[4096];
+    for (ssize_t size_ = 0; (size_ = read(output, buffer, sizeof buffer)) > 0;)
+        shown.text.append(buffer, static_cast<std::size_t>(size_));
+    close(output);
+    int status = 0;
+    waitpid(child, &status, 0);
+    shown.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return shown;
+}
+
+int widestLine(std::string text) {
+    for (std::size_t at = text.find('\r'); at != std::string::npos; at = text.find('\r'))
+        text.erase(at, 1);
+    int widest = 0;
+    for (const std::string& line : linesOf(text))
+        widest = std::max(widest, columnsOf(line));
+    return widest;
+}
+
+}  // namespace
+
+TEST(HelpOfAProcess, isAsWideAsTheTerminal) {
+    const struct {
+        unsigned columns;
+        const char* variable;
+        int least, most;
+    } cases[] = {
+        {60, "A=", 50, 60},       {80, "COLUMNS=60", 70, 80}, {100, "A=", 85, 100},
+        {200, "A=", 85, 100},     {0, "A=", 70, 80},          {0, "COLUMNS=50", 40, 50},
+        {0, "COLUMNS=0", 70, 80}, {0, "COLUMNS=5x", 70, 80},  {0, "COLUMNS=99999999999", 70, 80},
+    };
+    for (const auto& each : cases) {
+        const Shown shown = runInTerminal(each.columns, "--help", {each.variable, "NO_COLOR=1"});
+        const int widest = widestLine(shown.text);
+        EXPECT_GE(widest, each.least) << each.columns << " " << each.variable << "\n" << shown.text;
+        EXPECT_LE(widest, each.most) << each.columns << " " << each.variable << "\n" << shown.text;
+        EXPECT_EQ(shown.code, 0);
+    }
+}
+
+TEST(HelpOfAProcess, hasColoursOnATerminalOnly) {
+    const struct {
+        unsigned columns;
+        const char* variable;
+        host::Colours wanted;
+        bool isColoured;
+    } cases[] = {
+        {80, "NO_COLOR=", host::Colours::automatic, true},
+        {0, "NO_COLOR=", host::Colours::automatic, false},
+        {80, "NO_COLOR=1", host::Colours::automatic, false},
+        {80, "TERM=dumb", host::Colours::automatic, false},
+        {0, "NO_COLOR=1", host::Colours::always, true},
+        {80, "A=", host::Colours::never, false},
+    };
+    for (const auto& each : cases) {
+        const Shown shown = runInTerminal(each.columns, "--help", {each.variable}, each.wanted);
+        const bool hasHeading = shown.text.find("\033[1;4mUsage:\033[0m tool") != std::string::npos;
+        EXPECT_EQ(hasHeading, each.isColoured) << each.variable << "\n" << shown.text;
+        EXPECT_EQ(shown.text.find('\033') != std::string::npos, each.isColoured);
+    }
+}
+
+TEST(HelpOfAProcess, tellsTheVersion) { EXPECT_EQ(runInTerminal(0, "--version", {}).text, "tool 1.4.0\n"); }

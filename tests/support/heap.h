@@ -1,0 +1,43 @@
+// Replaces the allocation functions of the test that includes it: what lives is counted, and requests may fail.
+#ifndef VORN_TESTS_SUPPORT_HEAP_H
+#define VORN_TESTS_SUPPORT_HEAP_H
+
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+
+static struct {
+    bool isArmed = false;    // inside a call into the library
+    bool mayFail = false;    // not while a step is repeated
+    bool isLasting = false;  // all requests after the failing one fail, too
+    unsigned countdown = 0;  // requests until one fails
+    unsigned failures = 0;
+    std::size_t live = 0;  // bytes
+} memory;
+
+constexpr std::size_t headBytes = alignof(std::max_align_t);
+
+// All other forms end in these. Every block begins with its size.
+void* operator new(std::size_t bytes) {
+    if (memory.isArmed && memory.mayFail && (memory.countdown == 0 || --memory.countdown == 0) &&
+        (memory.isLasting || memory.failures == 0)) {
+        ++memory.failures;
+        throw std::bad_alloc();
+    }
+    auto* head = static_cast<std::size_t*>(std::malloc(headBytes + bytes));
+    if (head == nullptr) throw std::bad_alloc();
+    *head = bytes;
+    memory.live += bytes;
+    return reinterpret_cast<char*>(head) + headBytes;
+}
+
+void operator delete(void* block) noexcept {
+    if (block == nullptr) return;
+    void* head = static_cast<char*>(block) - headBytes;
+    memory.live -= *static_cast<std::size_t*>(head);
+    std::free(head);
+}
+
+void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
+
+#endif
