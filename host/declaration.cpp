@@ -147,6 +147,7 @@ void Declaration::setDeprecated(Text instead) const {
 void Declaration::addNeed(AnyKey other) const {
     const std::string use = joined({"'", table->records[index].firstName(), "' needs another option"});
     const unsigned needed = table->indexOf(other, use.c_str());
+    if (needed == index) fail(*table, index, "it needs itself");
     detailsOf(*table, index).needs.push_back(needed);
     ++table->changes;
 }

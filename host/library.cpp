@@ -33,6 +33,7 @@ std::vector<std::string> candidatesIn(std::string_view text, std::string_view ty
     constexpr std::string_view back = "', could be: '";
     constexpr std::string_view between = "', '";
     const std::size_t hyphens = typed.substr(0, 2) == "--" ? 2 : 1;
+    if (text.empty()) throw std::bad_alloc();  // the library found no memory for it
     text.remove_prefix(front.size() + middle.size() + back.size() + 2 * typed.size() - hyphens);
     text.remove_suffix(1);
     std::vector<std::string> names;
@@ -48,6 +49,20 @@ tamsu2::qel_variant_type_t libraryType(What what) {
     if (what == What::toggle) return tamsu2::qel_bool;
     return what == What::option ? tamsu2::qel_string : tamsu2::qel_empty;
 }
+
+/// While it lives, the library's events are answers.
+class Asking {
+public:
+    Asking(std::vector<Meaning>*& place, std::vector<Meaning>& meanings) : answers(place) {
+        answers = &meanings;
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+    ~Asking() { answers = nullptr; }
+
+private:
+    std::vector<Meaning>*& answers;
+};
 
 }  // namespace
 
@@ -130,7 +145,7 @@ std::vector<Meaning> Library::ask(const std::vector<std::string>& names) {
         argv[2 * i + 1] = const_cast<char*>(names[i].c_str());  // the library only reads
         argv[2 * i + 2] = const_cast<char*>(filler);
     }
-    answers = &meanings;
+    const Asking asking(answers, meanings);
     for (answered = 0; answered < names.size();) {
         char** rest = argv.data() + 2 * answered;
         const int code = parser->parseArgsVector(static_cast<int>(argv.size() - 2 * answered), rest, nullptr);
@@ -142,7 +157,6 @@ std::vector<Meaning> Library::ask(const std::vector<std::string>& names) {
         meaning.candidates = candidatesIn(meaning.libraryText, names[answered]);
         ++answered;
     }
-    answers = nullptr;
     return meanings;
 }
 
@@ -162,7 +176,7 @@ void Library::read(const std::vector<LibraryArgument>& arguments, Reader& reader
     heard.clear();
     thrown = nullptr;
     const int code = parser->parseArgsVector(static_cast<int>(argv.size()), argv.data(), made);
-    if (code == 0) readOccurrences(*made);
+    if (code == 0 && !thrown) readOccurrences(*made);
     listener = nullptr;
     if (thrown) std::rethrow_exception(std::exchange(thrown, nullptr));
     if (code > 2) throw std::bad_alloc();
@@ -181,7 +195,8 @@ void Library::readOccurrences(IParseResult& result) {
     });
     const char* current = nullptr;
     for (const std::size_t i : order) {
-        if (heard[i].name != current) result.present(heard[i].name, 0, INT_MAX);
+        const bool isNext = heard[i].name != current;
+        if (isNext && !result.present(heard[i].name, 0, INT_MAX)) throw std::bad_alloc();
         current = heard[i].name;
         const int position = result.nextPosition();
         if (!heard[i].hasValue) listener->occurrence(i, position);

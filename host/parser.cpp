@@ -30,6 +30,12 @@ private:
     detail::Table& table;
 };
 
+/// What is declared is looked at all the time while a parse goes on.
+void refuseWhileBusy(detail::Table& table) {
+    if (!table.root().isBusy) return;
+    throw std::logic_error("vorn: the parser is parsing; a check must not declare anything");
+}
+
 std::vector<detail::Argument> numbered(std::vector<std::string> texts) {
     std::vector<detail::Argument> arguments;
     arguments.reserve(texts.size());
@@ -78,10 +84,14 @@ Parser::~Parser() {
 
 detail::Declaration Parser::declare(Text names, Text description, detail::What what,
                                     const detail::TypeFacts& type) {
+    refuseWhileBusy(*table);
     return {*table, table->enter(names, description, what, type)};
 }
 
-Parser& Parser::command(Text names, Text description) { return table->enterCommand(names, description).self; }
+Parser& Parser::command(Text names, Text description) {
+    refuseWhileBusy(*table);
+    return table->enterCommand(names, description).self;
+}
 
 Parser& Parser::group(Text title) {
     table->group = table->keep(title);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "shown_text.h"
 
@@ -13,6 +14,7 @@ constexpr std::size_t mostSuggestions = 3;
 
 /// Longer ones are not typing mistakes; comparing them would take its time.
 constexpr std::size_t longestTyped = 64;
+constexpr std::size_t widest = longestTyped + 8;  // no name that is near is that long
 
 /// How many letters may be wrong in a text of this length before a suggestion is far-fetched.
 unsigned toleranceFor(std::size_t length) {
@@ -81,11 +83,12 @@ std::vector<std::string> bestOf(std::vector<Candidate> candidates) {
 unsigned distance(std::string_view left, std::string_view right, unsigned most) {
     const std::size_t gap =
         left.size() > right.size() ? left.size() - right.size() : right.size() - left.size();
-    if (gap > most) return most + 1;
+    if (gap > most || right.size() >= widest) return most + 1;
     // Three rows of the usual table: a swap looks back two.
-    std::vector<unsigned> before(right.size() + 1);
-    std::vector<unsigned> last(right.size() + 1);
-    std::vector<unsigned> row(right.size() + 1);
+    unsigned rows[3][widest] = {};
+    unsigned* before = rows[0];
+    unsigned* last = rows[1];
+    unsigned* row = rows[2];
     for (std::size_t k = 0; k <= right.size(); ++k)
         last[k] = static_cast<unsigned>(k);
     for (std::size_t i = 1; i <= left.size(); ++i) {
@@ -96,10 +99,10 @@ unsigned distance(std::string_view left, std::string_view right, unsigned most) 
             const bool isSwap = i > 1 && k > 1 && left[i - 1] == right[k - 2] && left[i - 2] == right[k - 1];
             if (isSwap) row[k] = std::min(row[k], before[k - 2] + 1);
         }
-        before.swap(last);
-        last.swap(row);
+        std::swap(before, last);
+        std::swap(last, row);
     }
-    return std::min(last.back(), most + 1);
+    return std::min(last[right.size()], most + 1);
 }
 
 std::vector<std::string> nearestNames(std::string_view typed, const std::vector<std::string>& names) {

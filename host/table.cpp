@@ -96,6 +96,7 @@ Table::Table(std::string_view tableNames, std::string_view about, Table* outside
       description(about),
       self(*this),
       index(&memory),
+      positionalIndex(&memory),
       commandIndex(&memory) {}
 
 Table::~Table() = default;
@@ -168,7 +169,7 @@ void Table::enterNames(unsigned number) {
     forEachName(record.names, [&](std::string_view name) { enterName(name, number); });
     if (!record.details) return;
     for (const std::string& name : record.details->synonyms)
-        enterName(name, number);
+        enterName(keep(name), number);  // the list may grow and move them
 }
 
 void Table::enterSynonym(std::string_view name, unsigned number) {
@@ -193,21 +194,32 @@ void Table::enterName(std::string_view name, unsigned number) {
 }
 
 void Table::enterForm(std::string_view form, NameMeaning meaning) {
-    const auto [place, isNew] = index.try_emplace(form, meaning);
-    if (isNew) return;
-    const Record& owner = records[place->second.index];
+    const Record& record = records[meaning.index];
+    auto& own = record.isPositional() ? positionalIndex : index;
+    const auto& others = record.isPositional() ? index : positionalIndex;
+    const auto other = others.find(form);
+    const bool isFree = other == others.end() || record.isBuiltIn();
+    const auto place = isFree ? own.try_emplace(form, meaning) : std::pair(other, false);
+    if (place.second) return;
+    const Record& owner = records[place.first->second.index];
     fail(form, joined({"this name is taken by '", escaped(owner.firstName()), "'; choose another one"}));
 }
 
 void Table::forgetNames(unsigned number) {
-    for (auto entry = index.begin(); entry != index.end();) {
-        entry = entry->second.index == number ? index.erase(entry) : std::next(entry);
+    for (auto* forms : {&index, &positionalIndex}) {
+        for (auto entry = forms->begin(); entry != forms->end();)
+            entry = entry->second.index == number ? forms->erase(entry) : std::next(entry);
     }
 }
 
 const NameMeaning* Table::find(std::string_view name) const {
     const auto found = index.find(name);
     return found == index.end() ? nullptr : &found->second;
+}
+
+const NameMeaning* Table::findDeclared(std::string_view name) const {
+    const auto found = positionalIndex.find(name);
+    return found == positionalIndex.end() ? find(name) : &found->second;
 }
 
 const unsigned* Table::findCommand(std::string_view name) const {
@@ -227,8 +239,11 @@ void Table::enterGroup(std::initializer_list<AnyKey> keys, bool needsOne) {
         if (records[number].isRequired) {
             fail(records[number].firstName(), "it is required, so that it cannot exclude another one");
         }
+        if (std::find(entered.members.begin(), entered.members.end(), number) != entered.members.end())
+            fail(records[number].firstName(), "it stands twice in a rule");
         entered.members.push_back(number);
     }
+    if (keys.size() < 2) throw RegistrationError("a rule for several options needs two of them at least");
     groups.push_back(std::move(entered));
     ++changes;
 }
@@ -290,6 +305,34 @@ void checkDetails(const Record& record) {
     checkValues(record, *details.defaults, "default");
 }
 
+/// Of two records of one table.
+bool standsBefore(const Record& left, const Record& right) { return &left < &right; }
+
+/// What can only be said of a record once everything is declared.
+void checkWhole(const Record& record) {
+    const std::string_view name = record.firstName();
+    if (record.hasValue() && !record.type->isTaught && !record.areChoicesNamed()) {
+        fail(name, "its type is not known; name its values with named(), or teach the type");
+    }
+    const bool isSingle = !record.collects();
+    if (isSingle && record.defaults() != nullptr && record.defaults()->size() != 1) {
+        fail(name, "it has several defaults and takes one value; make it a list");
+    }
+}
+
+/// Does one of several examinations. What is wrong is collected, or thrown if nobody collects.
+template <class Examination>
+void examine(std::vector<std::string>* faults, Examination examination) {
+    if (faults == nullptr) return examination();
+    try {
+        examination();
+    } catch (const RegistrationError& error) {
+        // Two that contradict each other say so twice.
+        if (std::find(faults->begin(), faults->end(), error.what()) == faults->end())
+            faults->emplace_back(error.what());
+    }
+}
+
 }  // namespace
 
 void Table::checkRecord(const Record& record) const {
@@ -303,35 +346,38 @@ void Table::checkRecord(const Record& record) const {
     for (const Record& other : records) {
         if (!record.isPositional()) break;
         if (&other == &record || !other.isPositional()) continue;
+        const Record& earlier = std::min(record, other, standsBefore);
+        const std::string_view later = std::max(record, other, standsBefore).firstName();
         if (other.what == What::rest || record.what == What::rest) {
-            fail(name, "rest takes everything from the first positional argument on; declare no other one");
+            fail(later, "rest takes everything from the first positional argument on; declare no other one");
         }
         if (other.takesRest && record.takesRest) {
-            fail(name, joined({"'", escaped(other.firstName()), "' takes all that is left already"}));
+            fail(later, joined({"'", escaped(earlier.firstName()), "' takes all that is left already"}));
         }
     }
     if (record.details) checkDetails(record);
 }
 
-/// What can only be said once everything is declared.
-void Table::checkWhole() const {
-    for (const Record& record : records) {
-        const std::string_view name = record.firstName();
-        if (record.hasValue() && !record.type->isTaught && !record.areChoicesNamed()) {
-            fail(name, "its type is not known; name its values with named(), or teach the type");
-        }
-        const bool isSingle = !record.collects();
-        if (isSingle && record.defaults() != nullptr && record.defaults()->size() != 1) {
-            fail(name, "it has several defaults and takes one value; make it a list");
-        }
+void Table::checkGroup(const RuleGroup& rule) const {
+    for (const unsigned member : rule.members) {
+        if (!records[member].isRequired) continue;
+        fail(records[member].firstName(), "it is required, so that it cannot exclude another one");
     }
-    for (const RuleGroup& rule : groups) {
-        for (const unsigned member : rule.members) {
-            if (records[member].isRequired) {
-                fail(records[member].firstName(), "it is required, so that it cannot exclude another one");
-            }
-        }
+}
+
+/// No name may be a global option's as well; a switch has two forms of each.
+void Table::checkGlobalName(const std::string& name, bool isSwitch) const {
+    if (find(name) == nullptr && (!isSwitch || find("no-" + name) == nullptr)) return;
+    fail(name, joined({"the global option '", name, "' has this name"}));
+}
+
+/// Whether an option here or a global one has the name.
+bool Table::isTaken(std::string_view name) const {
+    for (const Table* owner = this; owner != nullptr; owner = owner->outer) {
+        const NameMeaning* found = owner->find(name);
+        if (found != nullptr && (owner == this || owner->records[found->index].isGlobal)) return true;
     }
+    return false;
 }
 
 void Table::enterBuiltIns() {
@@ -340,48 +386,53 @@ void Table::enterBuiltIns() {
         return std::any_of(records.begin(), records.end(),
                            [what](const Record& record) { return record.what == what; });
     };
-    if (!isThere(What::help) && find("help") == nullptr) {
-        enter(find("h") == nullptr ? "help,h" : "help", "Show this help and exit.", What::help, flag);
+    if (!isThere(What::help) && !isTaken("help")) {
+        enter(isTaken("h") ? "help" : "help,h", "Show this help and exit.", What::help, flag);
     }
     const bool hidesSome = std::any_of(records.begin(), records.end(), [](const Record& record) {
         return record.isHidden || record.isDeprecated;
     });
-    if (hidesSome && !isThere(What::helpAll) && find("help-all") == nullptr) {
+    if (hidesSome && !isThere(What::helpAll) && !isTaken("help-all")) {
         enter("help-all", "Show the help with all options and exit.", What::helpAll, flag);
     }
-    if (!versionText.empty() && !isThere(What::version) && find("version") == nullptr) {
+    if (!versionText.empty() && !isThere(What::version) && !isTaken("version")) {
         enter("version", "Show the version and exit.", What::version, flag);
     }
 }
 
-void Table::seal() {
-    if (isCommand() && !areNamesEntered) {
+void Table::seal() { examineAll(nullptr); }
+
+void Table::examineAll(std::vector<std::string>* faults) {
+    const std::size_t before = faults != nullptr ? faults->size() : 0;
+    const bool lacksNames = isCommand() && !areNamesEntered;
+    if (lacksNames) {
         index.clear();
-        for (unsigned i = 0; i < records.size(); ++i)
-            enterNames(i);
-        areNamesEntered = true;
+        positionalIndex.clear();
     }
-    for (const Record& record : records)
-        checkRecord(record);
-    checkWhole();
+    for (unsigned i = 0; lacksNames && i < records.size(); ++i)
+        examine(faults, [&] { enterNames(i); });
+    areNamesEntered = faults == nullptr || faults->size() == before;
+    for (const Record& record : records) {
+        examine(faults, [&] { checkRecord(record); });
+        examine(faults, [&] { checkWhole(record); });
+    }
+    for (const RuleGroup& rule : groups)
+        examine(faults, [&] { checkGroup(rule); });
     for (const Table* further = outer; further != nullptr; further = further->outer) {
         for (const Record& record : further->records) {
             if (!record.isGlobal) continue;
-            for (const std::string& name : record.allNames()) {
-                if (find(name) != nullptr)
-                    fail(name, joined({"the global option '", name, "' has this name"}));
-            }
+            for (const std::string& name : record.allNames())
+                examine(faults, [&] { checkGlobalName(name, record.what == What::toggle); });
         }
     }
-    enterBuiltIns();
+    if (areNamesEntered) enterBuiltIns();
 }
 
 void Table::collectFaults(std::vector<std::string>& faults) {
-    try {
-        seal();
-    } catch (const RegistrationError& error) {
-        faults.push_back(isCommand() ? path() + ": " + error.what() : error.what());
-    }
+    std::vector<std::string> own;
+    examineAll(&own);
+    for (const std::string& fault : own)
+        faults.push_back(isCommand() ? path() + ": " + fault : fault);
     for (const std::unique_ptr<Table>& command : commands)
         command->collectFaults(faults);
 }

@@ -138,6 +138,8 @@ public:
 
     /// Null if no option has this full name, or "no-" name.
     const NameMeaning* find(std::string_view name) const;
+    /// The same with the names of positional arguments, which go before help and version.
+    const NameMeaning* findDeclared(std::string_view name) const;
     /// Enters a further name, whose text the record keeps. Throws if it is taken or nobody could type it.
     void enterSynonym(std::string_view name, unsigned index);
 
@@ -192,9 +194,13 @@ private:
     void enterBuiltIns();
     void forgetNames(unsigned index);
     void checkRecord(const Record& record) const;
-    void checkWhole() const;
+    void checkGroup(const RuleGroup& rule) const;
+    void checkGlobalName(const std::string& name, bool isSwitch) const;
+    bool isTaken(std::string_view name) const;
+    void examineAll(std::vector<std::string>* faults);
 
     std::pmr::unordered_map<std::string_view, NameMeaning> index;
+    std::pmr::unordered_map<std::string_view, NameMeaning> positionalIndex;  ///< No names on a command line.
     std::pmr::unordered_map<std::string_view, unsigned> commandIndex;
     bool areNamesEntered = false;  ///< Of a command: not before it is chosen.
 };
