@@ -76,11 +76,8 @@ struct CommandLine {
                                         .defaultTo("auto")
                                         .key();
 
-    host::Key<bool> manual = parser.group("")
-                                 .addFlag("manual-page", "Print the manual page and exit.")
-                                 .hidden()
-                                 .onlyOnCommandLine()
-                                 .key();
+    host::Key<bool> manual =
+        parser.addFlag("manual-page", "Print the manual page and exit.").hidden().onlyOnCommandLine().key();
 
     CommandLine() { parser.version("3.1").joinedShort().responseFiles(); }
 };

@@ -7,7 +7,7 @@
 #include <optional>
 #include <type_traits>
 
-#include "faults/heap.h"
+#include "support/heap.h"
 #include "vorn/host.h"
 
 namespace {
