@@ -85,6 +85,25 @@ say "The help, and the part of it that is usually hidden."
 run 0 srcstat --help-all
 run 0 notes list --help
 
+if command -v mandoc > /dev/null; then
+    say "The manual page, made of the same declarations."
+    printf '%s$ man srcstat%s\n' "$bold" "$plain"
+    srcstat --manual-page | mandoc -T utf8 -O width=78 | sed 's/.\x08//g' | head -n 32
+fi
+
+# tab LINE: what the Tab key offers behind the line.
+tab() {
+    printf '%s$ %s<Tab>%s\n' "$bold" "$1" "$plain"
+    "${1%% *}" --completion answer bash "$1" "" | tail -n +4
+}
+
+say "Completion: shortened names, values, what the tool itself knows."
+tab "srcstat --e-f"
+tab "srcstat --lang=cpp,p"
+cd "$root/examples/sample"
+tab "notes list --only "
+cd "$root"
+
 say "A host on the plain interface."
 run 0 plain_interface -l 1 in.txt --verbose -- --rest
 

@@ -76,6 +76,9 @@ struct CommandLine {
                                         .defaultTo("auto")
                                         .key();
 
+    host::Key<bool> manual =
+        parser.addFlag("manual-page", "Print the manual page and exit.").hidden().onlyOnCommandLine().key();
+
     CommandLine() { parser.version("3.1").joinedShort().responseFiles(); }
 };
 
@@ -187,6 +190,8 @@ bool usesColour(std::string_view wish) {
 int main(int argc, char** argv) {
     CommandLine line;
     const host::Result result = line.parser.parseOrExit(argc, argv);
+
+    if (result[line.manual]) return std::fputs(line.parser.manual().c_str(), stdout) < 0 ? 1 : 0;
 
     Counter counter(line, result);
     std::vector<srcstat::Section> sections;
