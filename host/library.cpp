@@ -206,9 +206,9 @@ void Library::readOccurrences(IParseResult& result) {
 void Library::noteMeaning(const char* name) {
     Meaning& meaning = (*answers)[answered++];
     if (content == Of::commands) {
-        if (const unsigned* found = table.findCommand(name)) {
+        if (const NameMeaning* found = table.findCommand(name)) {
             meaning.kind = Meaning::Kind::found;
-            meaning.index = *found;
+            meaning.index = found->index;
         }
         return;
     }

@@ -74,12 +74,9 @@ void Parse::run(std::vector<Argument> arguments) {
 }
 
 std::vector<Error> Parse::errors() {
-    std::stable_sort(
-        findings.errors.begin(), findings.errors.end(),
-        [](const FoundError& left, const FoundError& right) { return left.order < right.order; });
     std::vector<Error> all;
-    for (FoundError& found : findings.errors)
-        all.push_back(std::move(found.error));
+    for (auto& found : findings.errors)
+        all.push_back(std::move(found.second));
     return all;
 }
 
@@ -108,7 +105,7 @@ void Parse::walkSettings(Table& table) {
             const std::string reason = readTextFile(settings.text, read, isMissing);
             if (!reason.empty()) {
                 if (!isMissing || !settings.mayBeMissing) {
-                    findings.errors.push_back({nextOrder, unreadableFile(settings.text, reason)});
+                    findings.errors.emplace(nextOrder, unreadableFile(settings.text, reason));
                 }
                 continue;
             }
@@ -332,8 +329,8 @@ void Parse::distribute(Table& table) {
         const bool isShort =
             end - next < wanted && !(record.takesRest && record.defaults() != nullptr && end == next);
         if (isShort && !wasRefused(record))
-            findings.errors.push_back(
-                {argumentOrder, missingArgument(record, static_cast<unsigned>(end - next))});
+            findings.errors.emplace(argumentOrder,
+                                    missingArgument(record, static_cast<unsigned>(end - next)));
         for (; next < end; ++next)
             readPositional(record, i, positionals[next]);
     }
@@ -399,6 +396,6 @@ void Parse::reportMissing(const Level& level) {
     }
 }
 
-void Parse::report(Error error) { findings.errors.push_back({ruleOrder, std::move(error)}); }
+void Parse::report(Error error) { findings.errors.emplace(ruleOrder, std::move(error)); }
 
 }  // namespace vorn_3_1::host::detail

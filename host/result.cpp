@@ -162,7 +162,8 @@ Origin Result::origin(const detail::Stretch& stretch, std::size_t index) const {
 namespace {
 
 AnyKey keyOf(const detail::Table& table, std::string_view name) {
-    if (const detail::NameMeaning* meaning = table.findDeclared(name); meaning != nullptr && !meaning->isOff) {
+    if (const detail::NameMeaning* meaning = table.findDeclared(name);
+        meaning != nullptr && !meaning->isOff) {
         return {table.id, meaning->index};
     }
     return {};

@@ -90,14 +90,7 @@ std::string Record::shownValue(const Values& values, std::size_t index) const {
 }
 
 Table::Table(std::string_view tableNames, std::string_view about, Table* outside)
-    : id(nextId()),
-      outer(outside),
-      names(tableNames),
-      description(about),
-      self(*this),
-      index(&memory),
-      positionalIndex(&memory),
-      commandIndex(&memory) {}
+    : id(nextId()), outer(outside), names(tableNames), description(about), self(*this) {}
 
 Table::~Table() = default;
 
@@ -129,11 +122,15 @@ unsigned Table::enter(std::string_view declared, std::string_view about, What wh
     records.push_back(std::move(record));
     ++changes;
     if (isCommand() && !areNamesEntered) return number;
+    const std::size_t options = optionNames.size();
+    const std::size_t positionals = positionalNames.size();
     try {
         enterNames(number);
-        checkRecord(records.back());
+        // Nothing else can contradict itself that early.
+        if (records.back().isPositional()) checkRecord(records.back());
     } catch (...) {
-        forgetNames(number);
+        optionNames.shrink(options);
+        positionalNames.shrink(positionals);
         records.pop_back();
         throw;
     }
@@ -147,15 +144,14 @@ Table& Table::enterCommand(std::string_view declared, std::string_view about) {
     if (hasPositionals())
         fail(declared, "a parser with commands has no positional arguments; give them to the commands");
     const auto number = static_cast<unsigned>(commands.size());
+    const std::size_t before = commandNames.size();
     commands.push_back(std::make_unique<Table>(declared, about, this));
     try {
         forEachName(keep(declared), [&](std::string_view name) {
-            const bool isNew = commandIndex.try_emplace(name, number).second;
-            if (!isNew) fail(name, "there is a command of this name");
+            if (!commandNames.add(name, {number, false})) fail(name, "there is a command of this name");
         });
     } catch (...) {
-        for (auto entry = commandIndex.begin(); entry != commandIndex.end();)
-            entry = entry->second == number ? commandIndex.erase(entry) : std::next(entry);
+        commandNames.shrink(before);
         commands.pop_back();
         throw;
     }
@@ -174,12 +170,11 @@ void Table::enterNames(unsigned number) {
 
 void Table::enterSynonym(std::string_view name, unsigned number) {
     if (isCommand() && !areNamesEntered) return;  // seal does it
-    const std::size_t before = index.size();
+    const std::size_t before = optionNames.size();
     try {
         enterName(keep(name), number);
     } catch (...) {
-        // A switch enters two forms, of which only the second may be taken.
-        if (index.size() > before) index.erase(name);
+        optionNames.shrink(before);  // a switch enters two forms, of which only the second may be taken
         throw;
     }
 }
@@ -195,36 +190,18 @@ void Table::enterName(std::string_view name, unsigned number) {
 
 void Table::enterForm(std::string_view form, NameMeaning meaning) {
     const Record& record = records[meaning.index];
-    auto& own = record.isPositional() ? positionalIndex : index;
-    const auto& others = record.isPositional() ? index : positionalIndex;
-    const auto other = others.find(form);
-    const bool isFree = other == others.end() || record.isBuiltIn();
-    const auto place = isFree ? own.try_emplace(form, meaning) : std::pair(other, false);
-    if (place.second) return;
-    const Record& owner = records[place.first->second.index];
+    NameIndex& own = record.isPositional() ? positionalNames : optionNames;
+    const NameIndex& others = record.isPositional() ? optionNames : positionalNames;
+    const NameMeaning* taken = record.isBuiltIn() ? nullptr : others.find(form);
+    if (taken == nullptr && own.add(form, meaning)) return;
+    if (taken == nullptr) taken = own.find(form);
+    const Record& owner = records[taken->index];
     fail(form, joined({"this name is taken by '", escaped(owner.firstName()), "'; choose another one"}));
 }
 
-void Table::forgetNames(unsigned number) {
-    for (auto* forms : {&index, &positionalIndex}) {
-        for (auto entry = forms->begin(); entry != forms->end();)
-            entry = entry->second.index == number ? forms->erase(entry) : std::next(entry);
-    }
-}
-
-const NameMeaning* Table::find(std::string_view name) const {
-    const auto found = index.find(name);
-    return found == index.end() ? nullptr : &found->second;
-}
-
 const NameMeaning* Table::findDeclared(std::string_view name) const {
-    const auto found = positionalIndex.find(name);
-    return found == positionalIndex.end() ? find(name) : &found->second;
-}
-
-const unsigned* Table::findCommand(std::string_view name) const {
-    const auto found = commandIndex.find(name);
-    return found == commandIndex.end() ? nullptr : &found->second;
+    const NameMeaning* positional = positionalNames.find(name);
+    return positional != nullptr ? positional : find(name);
 }
 
 unsigned Table::indexOf(AnyKey key, const char* use) const {
@@ -406,14 +383,14 @@ void Table::examineAll(std::vector<std::string>* faults) {
     const std::size_t before = faults != nullptr ? faults->size() : 0;
     const bool lacksNames = isCommand() && !areNamesEntered;
     if (lacksNames) {
-        index.clear();
-        positionalIndex.clear();
+        optionNames.shrink(0);
+        positionalNames.shrink(0);
     }
     for (unsigned i = 0; lacksNames && i < records.size(); ++i)
         examine(faults, [&] { enterNames(i); });
     areNamesEntered = faults == nullptr || faults->size() == before;
     for (const Record& record : records) {
-        examine(faults, [&] { checkRecord(record); });
+        if (isCommand()) examine(faults, [&] { checkRecord(record); });  // otherwise done with each change
         examine(faults, [&] { checkWhole(record); });
     }
     for (const RuleGroup& rule : groups)

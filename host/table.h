@@ -7,9 +7,9 @@
 #include <memory_resource>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "name_index.h"
 #include "vorn/host/key.h"
 #include "vorn/host/option.h"
 #include "vorn/host/parser.h"
@@ -103,12 +103,6 @@ struct SettingsSource {
     bool mayBeMissing;
 };
 
-/// The option that a full name stands for.
-struct NameMeaning {
-    unsigned index;
-    bool isOff;  ///< The "no-" form of a switch.
-};
-
 class Library;
 
 class Table {
@@ -137,7 +131,7 @@ public:
     void collectFaults(std::vector<std::string>& faults);
 
     /// Null if no option has this full name, or "no-" name.
-    const NameMeaning* find(std::string_view name) const;
+    const NameMeaning* find(std::string_view name) const { return optionNames.find(name); }
     /// The same with the names of positional arguments, which go before help and version.
     const NameMeaning* findDeclared(std::string_view name) const;
     /// Enters a further name, whose text the record keeps. Throws if it is taken or nobody could type it.
@@ -149,7 +143,7 @@ public:
     /// A copy that lives as long as the table, with a NUL behind it.
     std::string_view keep(std::string_view text) { return keepJoined(text, {}); }
     /// The command of this full name, or null.
-    const unsigned* findCommand(std::string_view name) const;
+    const NameMeaning* findCommand(std::string_view name) const { return commandNames.find(name); }
 
     bool isCommand() const { return outer != nullptr; }
     Table& root() { return outer != nullptr ? outer->root() : *this; }
@@ -170,7 +164,7 @@ public:
     std::string versionText;
     std::string epilogue;
     Colours colours = Colours::automatic;
-    std::string_view group;  ///< Of what is declared next.
+    std::string_view group;                     ///< Of what is declared next.
     std::string completionName = "completion";  ///< Of the hidden option; empty if there is none.
     std::vector<Record> records;
     std::vector<std::unique_ptr<Table>> commands;
@@ -192,16 +186,15 @@ private:
     void enterName(std::string_view name, unsigned index);
     void enterForm(std::string_view form, NameMeaning meaning);
     void enterBuiltIns();
-    void forgetNames(unsigned index);
     void checkRecord(const Record& record) const;
     void checkGroup(const RuleGroup& rule) const;
     void checkGlobalName(const std::string& name, bool isSwitch) const;
     bool isTaken(std::string_view name) const;
     void examineAll(std::vector<std::string>* faults);
 
-    std::pmr::unordered_map<std::string_view, NameMeaning> index;
-    std::pmr::unordered_map<std::string_view, NameMeaning> positionalIndex;  ///< No names on a command line.
-    std::pmr::unordered_map<std::string_view, unsigned> commandIndex;
+    NameIndex optionNames;
+    NameIndex positionalNames;  ///< No names on a command line.
+    NameIndex commandNames;
     bool areNamesEntered = false;  ///< Of a command: not before it is chosen.
 };
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 #include <limits>
 #include <system_error>
 
@@ -13,12 +14,6 @@ namespace vorn_3_1::host::detail {
 Values::~Values() = default;
 Check::~Check() = default;
 Offer::~Offer() = default;
-
-template class TypedValues<bool>;
-template class TypedValues<int>;
-template class TypedValues<unsigned>;
-template class TypedValues<double>;
-template class TypedValues<std::string>;
 
 namespace {
 
@@ -34,12 +29,6 @@ std::string_view withoutPlus(std::string_view text) {
     return text.substr(!text.empty() && text[0] == '+' ? 1 : 0);
 }
 
-template <class T>
-std::string outOfRange(bool isNegative) {
-    return isNegative ? "is too small: at least " + KnownType<T>::show(std::numeric_limits<T>::lowest())
-                      : "is too large: at most " + KnownType<T>::show(std::numeric_limits<T>::max());
-}
-
 /// 0x1F and 1Fh, which the library reads for unsigned 64 bits. The digits, or nothing.
 std::string_view hexadecimalDigits(std::string_view text) {
     if (text.substr(0, 2) == "0x" || text.substr(0, 2) == "0X") {
@@ -53,27 +42,41 @@ std::string_view hexadecimalDigits(std::string_view text) {
     return areDigits ? text : std::string_view();
 }
 
-template <class T>
-std::string readInteger(std::string_view text, T& value) {
+/// Reads with 64 bits, whatever the type: one body for all of them.
+template <class Wide>
+std::string readWide(std::string_view text, Wide low, Wide high, Wide& value) {
     const std::string_view digits = withoutSign(text);
     const bool isNegative = text.substr(0, 1) == "-";
-    int base = 10;
-    std::string_view number = withoutPlus(text);
+    if (digits.empty() || !std::all_of(digits.begin(), digits.end(), isDigit)) return "is not a whole number";
+    const bool isZero = digits.find_first_not_of('0') == std::string_view::npos;
+    const std::string_view number = isZero ? "0" : withoutPlus(text);
+    const auto end = std::from_chars(number.data(), number.data() + number.size(), value);
+    const bool isRead = end.ec == std::errc();
+    if (isRead && value >= low && value <= high) return {};
+    return isNegative ? "is too small: at least " + std::to_string(low)
+                      : "is too large: at most " + std::to_string(high);
+}
+
+std::string readHexadecimal(std::string_view digits, unsigned long long& value) {
+    const auto end = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
+    return end.ec == std::errc() ? std::string() : "is too large: at most " + std::to_string(ULLONG_MAX);
+}
+
+template <class T>
+std::string readInteger(std::string_view text, T& value) {
+    using Wide = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
+    Wide wide = 0;
+    const std::string_view hexadecimal = hexadecimalDigits(text);
+    const bool isHexadecimal = std::is_unsigned_v<T> && sizeof(T) == 8 && !hexadecimal.empty();
+    std::string reason;
     if constexpr (std::is_unsigned_v<T> && sizeof(T) == 8) {
-        if (const std::string_view hexadecimal = hexadecimalDigits(text); !hexadecimal.empty()) {
-            base = 16;
-            number = hexadecimal;
-        }
+        if (isHexadecimal) reason = readHexadecimal(hexadecimal, wide);
     }
-    if (base == 10 && (digits.empty() || !std::all_of(digits.begin(), digits.end(), isDigit))) {
-        return "is not a whole number";
+    if (!isHexadecimal) {
+        reason = readWide<Wide>(text, std::numeric_limits<T>::min(), std::numeric_limits<T>::max(), wide);
     }
-    if (std::is_unsigned_v<T> && isNegative) {
-        if (digits.find_first_not_of('0') != std::string_view::npos) return outOfRange<T>(true);
-        number = digits;
-    }
-    const auto end = std::from_chars(number.data(), number.data() + number.size(), value, base);
-    return end.ec == std::errc() ? std::string() : outOfRange<T>(isNegative);
+    if (reason.empty()) value = static_cast<T>(wide);
+    return reason;
 }
 
 /// Digits, a point among or beside them, and an exponent; no words such as "inf".
@@ -99,7 +102,8 @@ std::string KnownType<T>::read(std::string_view text, T& value) {
 
 template <class T>
 std::string KnownType<T>::show(const T& value) {
-    return std::to_string(value);
+    using Wide = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
+    return std::to_string(static_cast<Wide>(value));
 }
 
 template <class T>
@@ -140,6 +144,13 @@ const char* KnownType<bool>::metavar() {
 }
 
 template <>
+std::string KnownType<double>::show(const double& value) {
+    char digits[32];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value);
+    return std::string(digits, end.ptr);
+}
+
+template <>
 std::string KnownType<double>::read(std::string_view text, double& value) {
     if (!isDecimal(text)) return "is not a number";
     const std::string_view number = withoutPlus(text);
@@ -149,18 +160,15 @@ std::string KnownType<double>::read(std::string_view text, double& value) {
     if (end.ec == std::errc::result_out_of_range) {
         const std::size_t exponent = text.find_first_of("eE");
         const bool isTiny = exponent != std::string_view::npos && text.substr(exponent + 1, 1) == "-";
-        if (!isTiny) return outOfRange<double>(text.front() == '-');
+        if (!isTiny) {
+            const double limit = std::numeric_limits<double>::max();
+            return text.front() == '-' ? "is too small: at least " + show(-limit)
+                                       : "is too large: at most " + show(limit);
+        }
         found = 0.0;
     }
     value = found;
     return {};
-}
-
-template <>
-std::string KnownType<double>::show(const double& value) {
-    char digits[32];
-    const auto end = std::to_chars(digits, digits + sizeof digits, value);
-    return std::string(digits, end.ptr);
 }
 
 template <>
@@ -187,5 +195,11 @@ const char* KnownType<std::string>::metavar() {
 template struct KnownType<bool>;
 template struct KnownType<double>;
 template struct KnownType<std::string>;
+
+template class TypedValues<bool>;
+template class TypedValues<int>;
+template class TypedValues<unsigned>;
+template class TypedValues<double>;
+template class TypedValues<std::string>;
 
 }  // namespace vorn_3_1::host::detail

@@ -69,7 +69,7 @@ bool canNameOption(std::string_view typed) {
 void Findings::add(Error error, const Argument& argument, std::size_t order) {
     error.argument = argument.text;
     error.origin = data->origin({0, argument.source, argument.line});
-    errors.push_back({order, std::move(error)});
+    errors.emplace(order, std::move(error));
 }
 
 /// Once for each option.

@@ -6,6 +6,7 @@
 #ifndef VORN_HOST_WALK_H
 #define VORN_HOST_WALK_H
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,14 +32,9 @@ struct Token {
     int count = 1;            ///< How often a counted option is given.
 };
 
-struct FoundError {
-    std::size_t order;
-    Error error;
-};
-
 /// What all walks of one parse add to.
 struct Findings {
-    std::vector<FoundError> errors;
+    std::multimap<std::size_t, Error> errors;  ///< By the order of the arguments that they are about.
     std::vector<std::string> advice;
     std::vector<const Record*> advised;
     std::vector<const Record*>
@@ -56,7 +52,7 @@ class Walk {
 public:
     enum class Over { settings, environment, commandLine };
 
-    /// `order` is that of the first argument among all that are read; see FoundError.
+    /// `order` is that of the first argument among all that are read; see Findings.
     Walk(Table& table, Over over, std::vector<Argument> arguments, std::size_t order, Findings& findings);
 
     void run();
