@@ -8,8 +8,10 @@ namespace host = vorn::host;
 
 int main(int argc, char** argv) {
     host::Parser parser("minimal", "Shows what it was given.");
-    const auto level = parser.add<int>("level,l", "How hard to try.").range(1, 3).defaultTo(2).synonym("effort").key();
-    const auto output = parser.add<std::string>("output-file,o", "Where the result goes.").defaultTo("out.bin").key();
+    const auto level =
+        parser.add<int>("level,l", "How hard to try.").range(1, 3).defaultTo(2).synonym("effort").key();
+    const auto output =
+        parser.add<std::string>("output-file,o", "Where the result goes.").defaultTo("out.bin").key();
     const auto tags = parser.add<std::string>("tags", "Words that describe the result.").list(',').key();
     const auto verbose = parser.addSwitch("verbose", "Say what is done.").key();
     const auto inputs = parser.addPositional<std::string>("input", "Files to read.").atLeast(0).key();

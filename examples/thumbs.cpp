@@ -12,6 +12,7 @@ namespace host = vorn::host;
 
 enum class Format { text, json };
 
+// clang-format off
 int main(int argc, char** argv) {
     host::Parser parser("thumbs", "Makes small copies of images.");
     parser.version("1.4.0");

@@ -251,7 +251,7 @@ private:
         bool isCertain = true;
         for (const Record& record : table->records) {
             if (!record.isPositional()) continue;
-            const bool isOne = !record.takesRest && !record.isOptional && record.defaults() == nullptr;
+            const bool isOne = !record.takesRest && !record.mayBeLeftOut();
             isCertain = isCertain && isOne;
             if (isCertain && before > 0) {
                 --before;

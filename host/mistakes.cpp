@@ -22,7 +22,7 @@ Error mistakeOf(const Record& record, Kind kind, std::string sentence) {
     return error;
 }
 
-std::string named(const Record& record) { return "'" + escaped(record.shownName()) + "'"; }
+std::string named(const Record& record) { return "'" + record.shownName() + "'"; }
 
 std::vector<std::string> hyphenedAll(std::vector<std::string> names) {
     for (std::string& name : names)
@@ -76,8 +76,12 @@ Error namesNoOption(std::string_view typed) {
     return mistake(Kind::unknownOption, quoted(typed) + " names no option");
 }
 
+Error unknownOption(std::string_view typed) {
+    return mistake(Kind::unknownOption, "unknown option " + quoted(typed));
+}
+
 Error unknownOption(const Table& table, std::string_view typed, const std::vector<std::string>& pieces) {
-    Error error = mistake(Kind::unknownOption, "unknown option " + quoted(typed));
+    Error error = unknownOption(typed);
     const std::string name = withoutHyphens(typed);
     const bool isOffForm = name.compare(0, 2, "no") == 0;
     error.candidates = nearestNames(name, typeableNames(table, isOffForm));
@@ -177,16 +181,15 @@ Error ambiguousCommand(std::string_view typed, const Meaning& meaning) {
 }
 
 Error missingOption(const Record& record) {
-    return mistakeOf(
-        record, Kind::missingOption,
-        joined({"missing option: ", escaped(record.shownName()), " ", escaped(record.metavar())}));
+    return mistakeOf(record, Kind::missingOption,
+                     joined({"missing option: ", record.shownName(), " ", escaped(record.metavar())}));
 }
 
 Error missingOneOf(const Table& table, const RuleGroup& group) {
     std::vector<std::string> names;
     for (const unsigned member : group.members)
         names.push_back(table.records[member].shownName());
-    Error error = mistake(Kind::missingOption, "missing option: one of " + escaped(listed(names, ", ")));
+    Error error = mistake(Kind::missingOption, "missing option: one of " + listed(names, ", "));
     for (const unsigned member : group.members)
         error.candidates.emplace_back(table.records[member].firstName());
     return error;

@@ -17,7 +17,8 @@ namespace vorn_3_1::host::detail {
 std::vector<std::string> typeableNames(const Table& table, bool withOffForms);
 
 Error namesNoOption(std::string_view typed);
-/// `pieces` are the letters that the argument joins, as they would be written apart.
+Error unknownOption(std::string_view typed);
+/// The same with what may have been meant. `pieces` are the letters that the argument joins, as they would be written apart.
 Error unknownOption(const Table& table, std::string_view typed, const std::vector<std::string>& pieces);
 Error ambiguousOption(std::string_view typed, const Meaning& meaning);
 Error needsValue(const Record& record);

@@ -95,9 +95,9 @@ void Parse::addStage(Walk& walk, Table& table, unsigned rank) {
 }
 
 void Parse::walkSettings(Table& table) {
-    unsigned rank = 0;
     for (const SettingsSource& settings : table.settings) {
-        ++rank;
+        ++settingsRank;
+        const bool isNamed = !settings.isText || !settings.name.empty();
         const std::string& name = settings.isText ? settings.name : settings.text;
         std::string read;
         if (!settings.isText) {
@@ -110,11 +110,11 @@ void Parse::walkSettings(Table& table) {
                 continue;
             }
         }
-        const unsigned source = data->addSource(Origin::Layer::settings, name);
+        const unsigned source = data->addSource(Origin::Layer::settings, isNamed ? name : "settings");
         Walk walk(table, Walk::Over::settings, argumentsIn(settings.isText ? settings.text : read, source),
                   nextOrder, findings);
         walk.run();
-        addStage(walk, table, rank);
+        addStage(walk, table, settingsRank);
     }
 }
 
@@ -309,8 +309,7 @@ void Parse::distribute(Table& table) {
     std::size_t spare = positionals.size() > needed ? positionals.size() - needed : 0;
     std::size_t forOptional = 0;
     for (const Record& record : table.records) {
-        const bool mayLack =
-            record.isPositional() && !record.takesRest && (record.isOptional || record.defaults());
+        const bool mayLack = record.isPositional() && record.mayBeLeftOut();
         if (mayLack && forOptional < spare) ++forOptional;
     }
     std::size_t forRest = spare - forOptional;
@@ -321,7 +320,7 @@ void Parse::distribute(Table& table) {
         std::size_t wanted = 1;
         if (record.takesRest) {
             wanted = record.atLeast + std::exchange(forRest, 0);
-        } else if (record.isOptional || record.defaults() != nullptr) {
+        } else if (record.mayBeLeftOut()) {
             wanted = forOptional > 0 ? 1 : 0;
             forOptional -= wanted;
         }

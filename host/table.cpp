@@ -74,7 +74,7 @@ std::vector<std::string> Record::choiceTexts() const {
 
 std::string hyphened(std::string_view name) { return (name.size() == 1 ? "-" : "--") + std::string(name); }
 
-std::string Record::shownName() const { return isOption() ? hyphened(firstName()) : metavar(); }
+std::string Record::shownName() const { return escaped(isOption() ? hyphened(firstName()) : metavar()); }
 
 std::string Record::metavar() const {
     if (details && !details->metavar.empty()) return details->metavar;
@@ -242,13 +242,14 @@ void Table::recheck(unsigned number) {
 namespace {
 
 void checkChoices(const Record& record) {
-    const std::vector<std::string> texts = record.choiceTexts();
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        const std::string& name = texts[i];
-        if (name.empty()) fail(record.firstName(), "a choice is empty, and nobody could type it");
-        for (std::size_t k = 0; k < i; ++k) {
-            if (texts[k] == name) fail(record.firstName(), joined({"the choice '", name, "' stands twice"}));
-        }
+    std::vector<std::string> texts = record.choiceTexts();
+    std::sort(texts.begin(), texts.end());
+    if (!texts.empty() && texts[0].empty()) {
+        fail(record.firstName(), "a choice is empty, and nobody could type it");
+    }
+    const auto twice = std::adjacent_find(texts.begin(), texts.end());
+    if (twice != texts.end()) {
+        fail(record.firstName(), joined({"the choice '", escaped(*twice), "' stands twice"}));
     }
 }
 

@@ -71,6 +71,8 @@ struct Record {
     bool isPositional() const { return !isOption(); }
     bool hasValue() const { return what == What::option || isPositional(); }
     bool isBuiltIn() const { return what >= What::help; }
+    /// A positional argument that takes one text, if there is one to spare.
+    bool mayBeLeftOut() const { return !takesRest && (isOptional || defaults() != nullptr); }
     bool collects() const { return separator != '\0' || isRepeated || takesRest; }
     const Values* defaults() const { return details ? details->defaults.get() : nullptr; }
     const Values* implicit() const { return details ? details->implicit.get() : nullptr; }

@@ -79,6 +79,23 @@ std::string readInteger(std::string_view text, T& value) {
     return reason;
 }
 
+/// How many places the first digit that is not 0 stands in front of the point, the exponent counted.
+long long magnitudeOf(std::string_view decimal) {
+    const std::string_view number = withoutSign(decimal);
+    const std::string_view mantissa = number.substr(0, number.find_first_of("eE"));
+    const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto first = static_cast<long long>(mantissa.find_first_not_of("0."));
+    long long exponent = 0;
+    if (mantissa.size() < number.size()) {
+        const std::string_view digits = withoutPlus(number.substr(mantissa.size() + 1));
+        const auto end = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
+        constexpr long long far = 1LL << 40;  // beyond any number of digits
+        if (end.ec != std::errc() || exponent > far || exponent < -far)
+            exponent = digits[0] == '-' ? -far : far;
+    }
+    return point - first + (first > point ? 1 : 0) + exponent;
+}
+
 /// Digits, a point among or beside them, and an exponent; no words such as "inf".
 bool isDecimal(std::string_view text) {
     text = withoutSign(text);
@@ -157,15 +174,10 @@ std::string KnownType<double>::read(std::string_view text, double& value) {
     double found = 0.0;
     const auto end = std::from_chars(number.data(), number.data() + number.size(), found);
     // Out of range on the small side is as good as 0.
-    if (end.ec == std::errc::result_out_of_range) {
-        const std::size_t exponent = text.find_first_of("eE");
-        const bool isTiny = exponent != std::string_view::npos && text.substr(exponent + 1, 1) == "-";
-        if (!isTiny) {
-            const double limit = std::numeric_limits<double>::max();
-            return text.front() == '-' ? "is too small: at least " + show(-limit)
-                                       : "is too large: at most " + show(limit);
-        }
-        found = 0.0;
+    if (end.ec == std::errc::result_out_of_range && magnitudeOf(number) > 0) {
+        const double limit = std::numeric_limits<double>::max();
+        return text.front() == '-' ? "is too small: at least " + show(-limit)
+                                   : "is too large: at most " + show(limit);
     }
     value = found;
     return {};

@@ -28,7 +28,7 @@ Refusal beyond(const Record& record, std::string_view text, std::string_view say
     if (record.details) own = (isLarge ? record.details->limits.high : record.details->limits.low).get();
     if (own != nullptr) limit = (isLarge ? "at most " : "at least ") + own->show(0);
     std::string sentence = about(text, joined({says, " for"}), record);
-    if (!limit.empty()) sentence += ": " + limit;
+    if (!limit.empty()) sentence += ": " + shown(limit);
     return refuse(Error::Kind::outOfRange, limit, sentence);
 }
 

@@ -81,6 +81,9 @@ void Findings::advise(const Record& record) {
 
 Walk::Walk(Table& walked, Over kind, std::vector<Argument> arguments, std::size_t first, Findings& found)
     : order(first), table(walked), over(kind), findings(found) {
+    for (const Record& record : table.records) {
+        if (record.isPositional()) wanted.push_back(&record);
+    }
     todo.reserve(arguments.size());
     done.reserve(arguments.size());
     for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
@@ -136,10 +139,9 @@ void Walk::takeTerminator() {
         if (!todo.empty()) chooseCommand();
         return;
     }
-    const bool arePositional = table.hasPositionals();
     while (!todo.empty()) {
         std::string text = take().text;
-        if (arePositional) {
+        if (!wanted.empty()) {
             addPositional(std::move(text));
             continue;
         }
@@ -157,14 +159,12 @@ void Walk::takeWord() {
         return fail(noOptionInSettings(text));
     }
     if (!table.commands.empty()) return chooseCommand();
-    if (!table.hasPositionals()) {
+    if (wanted.empty()) {
         const std::string text = take().text;
         if (!table.root().ignoresUnknown) fail(unexpectedArgument(text));
         return;
     }
-    const bool startsRest = std::any_of(table.records.begin(), table.records.end(),
-                                        [](const Record& record) { return record.what == What::rest; });
-    if (startsRest) return takeRest();
+    if (wanted.front()->what == What::rest) return takeRest();
     addPositional(take().text);
 }
 
@@ -215,7 +215,11 @@ void Walk::takeNamed() {
         case Meaning::Kind::unknown:
             break;
     }
-    if (!table.root().ignoresUnknown) fail(unknownOption(table, typedName, joinedPieces(typed)));
+    if (!table.root().ignoresUnknown) {
+        constexpr std::size_t mostHelped = 20;  // whoever reads on has another problem
+        const bool isHelped = findings.errors.size() < mostHelped;
+        fail(isHelped ? unknownOption(table, typedName, joinedPieces(typed)) : unknownOption(typedName));
+    }
 }
 
 void Walk::takeFound(const Meaning& meaning, std::string_view name, std::string_view value, bool hasSign) {
@@ -251,21 +255,22 @@ void Walk::takeValue(const Meaning& meaning, std::string_view name, std::string_
 
 void Walk::takeNextAsValue(const Meaning& meaning, std::string_view name) {
     const Record& record = meaning.record();
+    const std::size_t from = done.size() - 1;
     while (expandResponseFile()) {
     }
     if (todo.empty()) {
         waiting = &record;
-        return fail(record, needsValue(record));
+        return fail(record, needsValue(record), from);
     }
     Pending& next = todo.back();
     const std::string& text = next.argument.text;
-    if (text.empty()) return fail(record, emptyValue(record, name));
+    if (text.empty()) return fail(record, emptyValue(record, name), from);
     const bool isValue = isWord(text) || (record.type->isNumber && isUnknownNegativeNumber(next));
-    if (!isValue) return fail(record, needsValueThatLooksLikeOption(record, text));
+    if (!isValue) return fail(record, needsValueThatLooksLikeOption(record, text), from);
     std::string whole = joined({name, "=", text});
-    const std::size_t from = done.size() - 1;
-    take();
-    addOption(meaning, std::move(whole)).from = from;
+    // A person looks for the option, unless its value stands in a file of its own.
+    const bool isTogether = take().source == done[from].source;
+    addOption(meaning, std::move(whole)).from = isTogether ? from : done.size() - 1;
 }
 
 bool Walk::isUnknownNegativeNumber(Pending& next) {
@@ -285,7 +290,8 @@ void Walk::askAhead() {
     std::vector<Pending*> asked;
     for (auto next = todo.rbegin(); next != todo.rend() && !next->meaning; ++next) {
         const std::string& text = next->argument.text;
-        if (text == terminator) break;
+        const bool isOfOneSource = next->argument.source == todo.back().argument.source;
+        if (text == terminator || !isOfOneSource) break;
         if (isWord(text) || !canNameOption(nameOf(text))) continue;
         names.emplace_back(nameOf(text));
         asked.push_back(&*next);
@@ -354,9 +360,9 @@ std::optional<Meaning> Walk::meaningOfLetter(std::string_view letter) {
 bool Walk::wantsNumber() const {
     if (over != Over::commandLine) return false;
     std::size_t before = positionals;
-    for (const Record& record : table.records) {
-        if (!record.isPositional()) continue;
-        const bool isOne = !record.takesRest && !record.isOptional;
+    for (const Record* next : wanted) {
+        const Record& record = *next;
+        const bool isOne = !record.takesRest && !record.mayBeLeftOut();
         if (isOne && before > 0) {
             --before;
             continue;
@@ -393,9 +399,11 @@ void Walk::addPositional(std::string text) {
 
 void Walk::fail(Error error) { findings.add(std::move(error), done.back(), order + done.size() - 1); }
 
-void Walk::fail(const Record& record, Error error) {
+void Walk::fail(const Record& record, Error error) { fail(record, std::move(error), done.size() - 1); }
+
+void Walk::fail(const Record& record, Error error, std::size_t from) {
     findings.refused.push_back(&record);
-    fail(std::move(error));
+    findings.add(std::move(error), done[from], order + from);
 }
 
 }  // namespace vorn_3_1::host::detail

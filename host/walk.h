@@ -97,11 +97,13 @@ private:
     void addPositional(std::string text);
     void fail(Error error);
     void fail(const Record& record, Error error);
+    void fail(const Record& record, Error error, std::size_t from);
 
     Table& table;
     Over over;
     Findings& findings;
-    std::vector<Pending> todo;  ///< The next one last.
+    std::vector<const Record*> wanted;  ///< The table's positional arguments.
+    std::vector<Pending> todo;          ///< The next one last.
 };
 
 /// Asks the library for the meanings of typed names, with their hyphens. Names of one option that begin alike are no

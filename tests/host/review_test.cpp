@@ -1,0 +1,86 @@
+// What a reviewer found wrong: each of these was read, said or lost otherwise.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "vorn/host.h"
+
+namespace {
+
+namespace host = vorn::host;
+using Texts = std::vector<std::string>;
+
+TEST(Review, laterSettingsReplaceThoseOfTheOuterParser) {
+    host::Parser parser("tool");
+    const auto define = parser.add<std::string>("define", "").repeated().global().key();
+    parser.settings("--define=first\n", "one");
+    parser.settings("--define=second\n", "two");
+    parser.command("add", "").settings("--define=third\n", "three");
+    EXPECT_EQ(parser.parse({"add"}).result()[define], Texts{"third"});
+}
+
+TEST(Review, aDecimalIsTooLargeByItsMagnitude) {
+    host::Parser parser("tool");
+    const auto number = parser.add<double>("number", "").defaultTo(1).key();
+    const std::string zeros(400, '0');
+    const struct {
+        std::string typed;
+        bool isRead;
+    } rows[] = {
+        {"1" + zeros + "e-5", false},  // a small exponent behind many digits
+        {"0." + zeros + "1", true},    // 0, without an exponent
+        {"0." + zeros + "1e+2", true},
+        {"0." + zeros + "1e900", false},
+        {"1e-99999999999999999999", true},
+        {"-1e99999999999999999999", false},
+    };
+    for (const auto& row : rows) {
+        host::Outcome outcome = parser.parse({"--number=" + row.typed});
+        EXPECT_EQ(static_cast<bool>(outcome), row.isRead) << row.typed;
+        if (row.isRead) {
+            EXPECT_EQ(outcome.result()[number], 0.0) << row.typed;
+        }
+    }
+}
+
+TEST(Review, aNegativeNumberGoesBehindAnArgumentThatMayBeLeftOut) {
+    host::Parser parser("tool");
+    const auto name = parser.addPositional<std::string>("name", "").defaultTo("x").key();
+    const auto number = parser.addPositional<int>("number", "").key();
+    host::Outcome outcome = parser.parse({"-5"});
+    ASSERT_TRUE(outcome) << outcome.error().text();
+    EXPECT_EQ(outcome.result()[name], "x");
+    EXPECT_EQ(outcome.result()[number], -5);
+}
+
+TEST(Review, nothingThatAHostDeclaresWritesToTheTerminal) {
+    host::Parser parser("tool");
+    parser.addPositional<int>("n", "").metavar("A\033B").range(1, 5);
+    parser.add<std::string>("m", "").maximum("\033[31mx");
+    EXPECT_EQ(parser.parse({"x"}).error().text(), "'x' is not a whole number, which 'A\\x1BB' takes");
+    EXPECT_EQ(parser.parse({"--m=zz", "1"}).error().text(), "'zz' is too large for '-m': at most \\x1B[31mx");
+}
+
+TEST(Review, aValueInAResponseFileIsReportedThere) {
+    const std::string path = testing::TempDir() + "review.args";
+    std::ofstream(path) << "5x\n";
+    host::Parser parser("tool");
+    parser.responseFiles();
+    parser.add<int>("size", "");
+    const host::Outcome outcome = parser.parse({"--size", "@" + path});
+    EXPECT_EQ(outcome.error().text(), path + ":1: '5x' is not a whole number, which '--size' takes");
+    std::ofstream(path, std::ios::trunc).close();
+    const host::Outcome empty = parser.parse({"--size", "@" + path});
+    EXPECT_EQ(empty.error().text(), "'--size' needs a value");
+    EXPECT_EQ(empty.error().argument, "--size");
+}
+
+TEST(Review, settingsWithoutANameHaveAPlaceAllTheSame) {
+    host::Parser parser("tool");
+    parser.settings("\n--define=x\n", "");
+    EXPECT_EQ(parser.parse({}).error().text(), "settings:2: unknown option '--define'");
+}
+
+}  // namespace
