@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 #include <limits>
 #include <system_error>
 
@@ -90,6 +91,20 @@ bool isDecimal(std::string_view text) {
     return points <= 1 && digits > 0 && static_cast<std::size_t>(points + digits) == mantissa.size();
 }
 
+/// Of a decimal number without a sign that is not 0: how many digits stand in front of the point, or minus the zeros
+/// behind it.
+long long magnitude(std::string_view text) {
+    const std::size_t exponent = std::min(text.find_first_of("eE"), text.size());
+    const std::size_t point = std::min(text.find('.'), exponent);
+    const std::size_t first = text.find_first_of("123456789");
+    const auto distance = static_cast<long long>(point) - static_cast<long long>(first);
+    long long power = 0;
+    const std::string_view digits = withoutPlus(text.substr(std::min(exponent + 1, text.size())));
+    const auto end = std::from_chars(digits.data(), digits.data() + digits.size(), power);
+    if (end.ec == std::errc::result_out_of_range) power = digits[0] == '-' ? LLONG_MIN / 2 : LLONG_MAX / 2;
+    return distance + std::clamp(power, LLONG_MIN / 2, LLONG_MAX / 2);
+}
+
 }  // namespace
 
 template <class T>
@@ -147,9 +162,7 @@ std::string KnownType<double>::read(std::string_view text, double& value) {
     const auto end = std::from_chars(number.data(), number.data() + number.size(), found);
     // Out of range on the small side is as good as 0.
     if (end.ec == std::errc::result_out_of_range) {
-        const std::size_t exponent = text.find_first_of("eE");
-        const bool isTiny = exponent != std::string_view::npos && text.substr(exponent + 1, 1) == "-";
-        if (!isTiny) return outOfRange<double>(text.front() == '-');
+        if (magnitude(withoutSign(text)) > 0) return outOfRange<double>(text.front() == '-');
         found = 0.0;
     }
     value = found;
