@@ -83,6 +83,7 @@ private:
     std::vector<std::size_t>
         placeOf;  ///< Of each token of the stage: its place in its slot, or its positional text.
     std::size_t nextOrder = 0;
+    unsigned settingsRank = 0;  ///< Of the last ones; those of a command come behind its outer parser's.
     bool isLogged = false;
     bool endsEarly = false;
 };

@@ -19,7 +19,9 @@ void Slot::clear() {
 bool Level::isGiven(unsigned index) const {
     const Slot* found = slot(index);
     if (found == nullptr || found->isEmpty()) return false;
-    if (table->records[index].what != What::toggle) return true;
+    const What what = table->records[index].what;
+    if (what == What::count) return static_cast<const TypedValues<int>&>(*found->values).items.back() > 0;
+    if (what != What::toggle && what != What::flag) return true;
     return static_cast<const TypedValues<bool>&>(*found->values).items.back();
 }
 
@@ -162,7 +164,8 @@ Origin Result::origin(const detail::Stretch& stretch, std::size_t index) const {
 namespace {
 
 AnyKey keyOf(const detail::Table& table, std::string_view name) {
-    if (const detail::NameMeaning* meaning = table.findDeclared(name); meaning != nullptr && !meaning->isOff) {
+    if (const detail::NameMeaning* meaning = table.findDeclared(name);
+        meaning != nullptr && !meaning->isOff) {
         return {table.id, meaning->index};
     }
     return {};

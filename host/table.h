@@ -156,6 +156,10 @@ public:
     /// "nctl remove": the commands that lead here.
     std::string path() const;
     bool hasPositionals() const;
+    /// Whether this has been asked for here or further out.
+    bool has(bool Table::*request) const {
+        return this->*request || (outer != nullptr && outer->has(request));
+    }
     /// What changes whenever a declaration does, here or further out.
     unsigned long changesWithOuter() const {
         return changes + (outer != nullptr ? outer->changesWithOuter() : 0);
@@ -170,7 +174,7 @@ public:
     std::string versionText;
     std::string epilogue;
     Colours colours = Colours::automatic;
-    std::string_view group;  ///< Of what is declared next.
+    std::string_view group;                     ///< Of what is declared next.
     std::string completionName = "completion";  ///< Of the hidden option; empty if there is none.
     std::vector<Record> records;
     std::vector<std::unique_ptr<Table>> commands;

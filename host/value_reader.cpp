@@ -28,7 +28,7 @@ Refusal beyond(const Record& record, std::string_view text, std::string_view say
     if (record.details) own = (isLarge ? record.details->limits.high : record.details->limits.low).get();
     if (own != nullptr) limit = (isLarge ? "at most " : "at least ") + own->show(0);
     std::string sentence = about(text, joined({says, " for"}), record);
-    if (!limit.empty()) sentence += ": " + limit;
+    if (!limit.empty()) sentence += ": " + shown(limit);
     return refuse(Error::Kind::outOfRange, limit, sentence);
 }
 
@@ -83,7 +83,7 @@ Refusal chooseByName(const Record& record, std::string_view text, Values& values
     bool isUnique = true;
     for (std::size_t i = 0; i < texts.size(); ++i) {
         if (texts[i] == text) return values.take(choices, i), Refusal();
-        if (!beginsWith(texts[i], text)) continue;
+        if (text.empty() || !beginsWith(texts[i], text)) continue;  // '' is no beginning
         fitting.push_back(texts[i]);
         if (chosen == noChoice) chosen = i;
         isUnique = isUnique && choices.isSame(chosen, choices, i);

@@ -111,7 +111,7 @@ const Argument& Walk::take() {
 bool Walk::expandResponseFile() {
     if (todo.empty()) return false;
     const Argument& next = todo.back().argument;
-    if (over != Over::commandLine || !table.root().readsResponseFiles || !isResponseFile(next.text))
+    if (over != Over::commandLine || !table.has(&Table::readsResponseFiles) || !isResponseFile(next.text))
         return false;
     if (!findings.data->sources[next.source].name.empty()) return false;  // '@' is nothing special inside
     const std::string path = take().text.substr(1);
@@ -159,7 +159,7 @@ void Walk::takeWord() {
     if (!table.commands.empty()) return chooseCommand();
     if (!table.hasPositionals()) {
         const std::string text = take().text;
-        if (!table.root().ignoresUnknown) fail(unexpectedArgument(text));
+        if (!table.has(&Table::ignoresUnknown)) fail(unexpectedArgument(text));
         return;
     }
     const bool startsRest = std::any_of(table.records.begin(), table.records.end(),
@@ -178,7 +178,7 @@ void Walk::chooseCommand() {
     const std::string typed = take().text;
     Meaning meaning;
     const bool canName = canNameOption("--" + typed) && typed.find('=') == std::string::npos;
-    if (canName) meaning = std::move(table.commandLibrary->ask({"--" + typed})[0]);
+    if (canName) meaning = std::move(meaningsOf(*table.commandLibrary, {"--" + typed})[0]);
     if (meaning.kind == Meaning::Kind::found) {
         command = table.commands[meaning.index].get();
         for (auto next = todo.rbegin(); next != todo.rend(); ++next)
@@ -215,7 +215,7 @@ void Walk::takeNamed() {
         case Meaning::Kind::unknown:
             break;
     }
-    if (!table.root().ignoresUnknown) fail(unknownOption(table, typedName, joinedPieces(typed)));
+    if (!table.has(&Table::ignoresUnknown)) fail(unknownOption(table, typedName, joinedPieces(typed)));
 }
 
 void Walk::takeFound(const Meaning& meaning, std::string_view name, std::string_view value, bool hasSign) {
@@ -297,7 +297,7 @@ void Walk::askAhead() {
 
 /// -vvq, -j4, -Idir: letter by letter, or not at all.
 bool Walk::takeJoined(std::string_view typed) {
-    if (!table.root().readsJoinedShort || joinedPieces(typed).empty()) return false;
+    if (!table.has(&Table::readsJoinedShort) || joinedPieces(typed).empty()) return false;
     const std::string text = take().text;
     std::string_view letters = std::string_view(text).substr(1);
     while (!letters.empty()) {
