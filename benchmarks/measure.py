@@ -36,7 +36,7 @@ def figure(value):
 
 def goal(text, bound, value, unit="times"):
     """Notes whether a goal is met. No value: this build cannot measure it."""
-    verdict = "not measured" if value is None else f"{figure(value)}, " + ("met" if value <= bound else "MISSED")
+    verdict = "not measured" if value is None else f"{figure(value)}, " + ("met" if round(value, 2) <= bound else "MISSED")
     goals.append(f"goal {text}, at most {figure(bound)} {unit}: {verdict}")
 
 
