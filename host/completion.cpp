@@ -91,7 +91,7 @@ public:
             completeValue(*walk->waiting, "", word);
         } else if (isOption(*walk)) {
             completeOption(std::move(before));
-        } else if (table->root().readsResponseFiles && word.substr(0, 1) == "@") {
+        } else if (table->has(&Table::readsResponseFiles) && word.substr(0, 1) == "@") {
             found.paths = Completion::files;
             found.kept = "@";
         } else if (!table->commands.empty()) {

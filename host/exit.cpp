@@ -59,13 +59,15 @@ Result Parser::parseOrExit(int argc, const char* const* argv) {
     for (const std::string& advice : outcome.warnings())
         warn(root, "warning: " + advice);
     if (outcome) return std::move(outcome.found);
-    warn(root, outcome.error().text());
     const Parser* command = outcome.result().command();
-    const detail::Table& innermost = command != nullptr ? *command->table : root;
-    const detail::NameMeaning* help = innermost.find("help");
-    if (help != nullptr && innermost.records[help->index].isBuiltIn()) {
-        std::fputs(detail::joined({"Try '", detail::escaped(innermost.path()), " --help'.\n"}).c_str(),
-                   stderr);
+    (command != nullptr ? *command : *this).fail(outcome.error().text());
+}
+
+void Parser::fail(Text text) const {
+    warn(table->root(), std::string(text));
+    const detail::NameMeaning* help = table->find("help");
+    if (help != nullptr && table->records[help->index].isBuiltIn()) {
+        std::fputs(detail::joined({"Try '", detail::escaped(table->path()), " --help'.\n"}).c_str(), stderr);
     }
     std::exit(wrongUsage);
 }

@@ -153,14 +153,13 @@ void Parse::addVariable(Table& table, unsigned index, const char* value, Stage& 
                 {quoted(value), " is not a whole number from 0 on, which '", record.shownName(), "' takes"});
             return findings.add(std::move(error), argument, order);
         }
-        if (token.count == 0) return;
     } else {
         bool isOn = false;
         if (!Type<bool>::read(value, isOn).empty()) {
             return findings.add(neitherOnNorOff(record, value), argument, order);
         }
-        if (!isOn && record.what != What::toggle) return;
-        if (!isOn) token.argument.text.insert(2, "no-");
+        if (!isOn) token.count = 0;
+        if (!isOn && record.what == What::toggle) token.argument.text.insert(2, "no-");
     }
     findings.advise(record);
     variables.tokens.push_back(std::move(token));
@@ -219,7 +218,7 @@ void Parse::option(std::size_t number) {
     if (slot.rank > stage->rank) return;
     placeOf[number] = slot.places.size();
     if (record.what == What::flag) {
-        static_cast<TypedValues<bool>&>(*slot.values).items.push_back(true);
+        static_cast<TypedValues<bool>&>(*slot.values).items.push_back(token.count > 0);
     } else {
         std::vector<int>& counts = static_cast<TypedValues<int>&>(*slot.values).items;
         const int last = counts.empty() ? 0 : counts.back();
@@ -301,11 +300,14 @@ void Parse::readTexts(const Record& record, std::string_view text, Slot& slot, P
 /// be left out, and one takes the rest.
 void Parse::distribute(Table& table) {
     std::size_t needed = 0;
+    const Record* rest = nullptr;
     for (const Record& record : table.records) {
         if (!record.isPositional() || record.isOptional) continue;
-        const bool hasDefault = record.defaults() != nullptr;
-        needed += record.takesRest ? record.atLeast : hasDefault ? 0 : 1;
+        if (record.takesRest) rest = &record;
+        if (!record.takesRest && record.defaults() == nullptr) ++needed;
     }
+    const bool isRestLeftOut = rest != nullptr && rest->defaults() != nullptr && positionals.size() <= needed;
+    if (rest != nullptr && !isRestLeftOut) needed += rest->atLeast;
     std::size_t spare = positionals.size() > needed ? positionals.size() - needed : 0;
     std::size_t forOptional = 0;
     for (const Record& record : table.records) {
@@ -319,21 +321,20 @@ void Parse::distribute(Table& table) {
         if (!record.isPositional()) continue;
         std::size_t wanted = 1;
         if (record.takesRest) {
-            wanted = record.atLeast + std::exchange(forRest, 0);
+            wanted = isRestLeftOut ? 0 : record.atLeast + std::exchange(forRest, 0);
         } else if (record.mayBeLeftOut()) {
             wanted = forOptional > 0 ? 1 : 0;
             forOptional -= wanted;
         }
         const std::size_t end = std::min(next + wanted, positionals.size());
-        const bool isShort =
-            end - next < wanted && !(record.takesRest && record.defaults() != nullptr && end == next);
+        const bool isShort = end - next < wanted;
         if (isShort && !wasRefused(record))
             findings.errors.emplace(argumentOrder,
                                     missingArgument(record, static_cast<unsigned>(end - next)));
         for (; next < end; ++next)
             readPositional(record, i, positionals[next]);
     }
-    for (; next < positionals.size() && !root.ignoresUnknown; ++next) {
+    for (; next < positionals.size() && !table.has(&Table::ignoresUnknown); ++next) {
         const PositionalText& extra = positionals[next];
         findings.add(unexpectedArgument(extra.text), {extra.text, extra.place.source, extra.place.line},
                      extra.order);

@@ -19,7 +19,9 @@ void Slot::clear() {
 bool Level::isGiven(unsigned index) const {
     const Slot* found = slot(index);
     if (found == nullptr || found->isEmpty()) return false;
-    if (table->records[index].what != What::toggle) return true;
+    const What what = table->records[index].what;
+    if (what == What::count) return static_cast<const TypedValues<int>&>(*found->values).items.back() > 0;
+    if (what != What::toggle && what != What::flag) return true;
     return static_cast<const TypedValues<bool>&>(*found->values).items.back();
 }
 

@@ -152,6 +152,10 @@ public:
     /// "nctl remove": the commands that lead here.
     std::string path() const;
     bool hasPositionals() const;
+    /// Whether this has been asked for here or further out.
+    bool has(bool Table::*request) const {
+        return this->*request || (outer != nullptr && outer->has(request));
+    }
     /// What changes whenever a declaration does, here or further out.
     unsigned long changesWithOuter() const {
         return changes + (outer != nullptr ? outer->changesWithOuter() : 0);

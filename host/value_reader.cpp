@@ -83,7 +83,7 @@ Refusal chooseByName(const Record& record, std::string_view text, Values& values
     bool isUnique = true;
     for (std::size_t i = 0; i < texts.size(); ++i) {
         if (texts[i] == text) return values.take(choices, i), Refusal();
-        if (!beginsWith(texts[i], text)) continue;
+        if (text.empty() || !beginsWith(texts[i], text)) continue;  // '' is no beginning
         fitting.push_back(texts[i]);
         if (chosen == noChoice) chosen = i;
         isUnique = isUnique && choices.isSame(chosen, choices, i);

@@ -114,7 +114,7 @@ const Argument& Walk::take() {
 bool Walk::expandResponseFile() {
     if (todo.empty()) return false;
     const Argument& next = todo.back().argument;
-    if (over != Over::commandLine || !table.root().readsResponseFiles || !isResponseFile(next.text))
+    if (over != Over::commandLine || !table.has(&Table::readsResponseFiles) || !isResponseFile(next.text))
         return false;
     if (!findings.data->sources[next.source].name.empty()) return false;  // '@' is nothing special inside
     const std::string path = take().text.substr(1);
@@ -161,7 +161,7 @@ void Walk::takeWord() {
     if (!table.commands.empty()) return chooseCommand();
     if (wanted.empty()) {
         const std::string text = take().text;
-        if (!table.root().ignoresUnknown) fail(unexpectedArgument(text));
+        if (!table.has(&Table::ignoresUnknown)) fail(unexpectedArgument(text));
         return;
     }
     if (wanted.front()->what == What::rest) return takeRest();
@@ -178,7 +178,7 @@ void Walk::chooseCommand() {
     const std::string typed = take().text;
     Meaning meaning;
     const bool canName = canNameOption("--" + typed) && typed.find('=') == std::string::npos;
-    if (canName) meaning = std::move(table.commandLibrary->ask({"--" + typed})[0]);
+    if (canName) meaning = std::move(meaningsOf(*table.commandLibrary, {"--" + typed})[0]);
     if (meaning.kind == Meaning::Kind::found) {
         command = table.commands[meaning.index].get();
         for (auto next = todo.rbegin(); next != todo.rend(); ++next)
@@ -215,7 +215,7 @@ void Walk::takeNamed() {
         case Meaning::Kind::unknown:
             break;
     }
-    if (!table.root().ignoresUnknown) {
+    if (!table.has(&Table::ignoresUnknown)) {
         constexpr std::size_t mostHelped = 20;  // whoever reads on has another problem
         const bool isHelped = findings.errors.size() < mostHelped;
         fail(isHelped ? unknownOption(table, typedName, joinedPieces(typed)) : unknownOption(typedName));
@@ -303,7 +303,7 @@ void Walk::askAhead() {
 
 /// -vvq, -j4, -Idir: letter by letter, or not at all.
 bool Walk::takeJoined(std::string_view typed) {
-    if (!table.root().readsJoinedShort || joinedPieces(typed).empty()) return false;
+    if (!table.has(&Table::readsJoinedShort) || joinedPieces(typed).empty()) return false;
     const std::string text = take().text;
     std::string_view letters = std::string_view(text).substr(1);
     while (!letters.empty()) {

@@ -40,4 +40,13 @@ void operator delete(void* block) noexcept {
 
 void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
 
+// Ends in the others as well, but not with the address checks, whose own one does not.
+void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(bytes);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 #endif

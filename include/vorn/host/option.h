@@ -115,7 +115,13 @@ class Option {
     static constexpr bool isNamed = role != detail::Role::argument;
 
 public:
-    explicit Option(detail::Declaration made) : declaration(made) {}
+    explicit Option(detail::Declaration made) : declaration(made) {
+        static_assert(
+            detail::isTaught<T> || std::is_enum_v<T>,
+            "values of this type are not known: include the header that teaches it (vorn/host/path.h, "
+            "duration.h, byte_size.h), teach Type<T>, or take a known one (double for float); for several "
+            "values use add<T>(...).repeated() or list()");
+    }
 
     /// What the result is read with.
     Key<detail::ReadAs<T, reads>> key() const { return Key<detail::ReadAs<T, reads>>(declaration.key()); }

@@ -164,6 +164,9 @@ public:
     /// written ends with code 1. Reads the process's environment. Warnings go to standard error.
     [[nodiscard]] Result parseOrExit(int argc, const char* const* argv);
 
+    /// Ends the process as parseOrExit does for a mistake: for what only the host can find wrong.
+    [[noreturn]] void fail(Text text) const;
+
     /// Throws RegistrationError with all contradictions of this parser and its commands, a line each. For a host's
     /// tests: what is not chosen is otherwise not looked at.
     void verify();

@@ -1,0 +1,334 @@
+// Commands, nested and shortened, and the layers that options come from.
+#include "host/fixture.h"
+
+namespace {
+
+struct Commands : testing::Test {
+    host::Parser parser{"nctl", "Keeps notes."};
+    host::Key<std::string> store = parser.add<std::string>("store", "").defaultTo("~/.notes").global().key();
+    host::Key<std::vector<int>> tags = parser.add<int>("tag,t", "").repeated().global().key();
+    host::Key<bool> colour = parser.addSwitch("colour", "").global().key();
+    host::Key<bool> dry = parser.addFlag("dry", "").key();
+    host::Parser& add = parser.command("add,new,newer", "Adds a note.");
+    host::Key<std::string> text = add.addPositional<std::string>("text", "").key();
+    host::Key<int> priority = add.add<int>("priority", "").defaultTo(3).key();
+    host::Parser& remove = parser.command("remove-all", "Removes notes.");
+    host::Key<std::string> why = remove.add<std::string>("why", "").required().key();
+    host::Key<bool> force = remove.addSwitch("force,f", "").key();
+    host::Key<bool> quick = remove.addFlag("quick,q", "").key();
+    host::Parser& remote = parser.command("remote", "");
+    host::Parser& append = parser.command("append", "");
+    host::Parser& show = remote.command("show", "");
+    host::Key<std::vector<std::string>> names = show.addPositional<std::string>("name", "").atLeast(0).key();
+    host::Key<bool> verbose = remote.addFlag("verbose", "").global().key();
+    Commands() { remove.exclusive({force, quick}); }
+};
+
+TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
+    const struct {
+        Texts typed;
+        const host::Parser* command;
+        const char* text;
+    } rows[] = {
+        {{"add", "x"}, &add, ""},
+        {{"ad", "x"}, &add, ""},
+        {{"n", "x"}, &add, ""},  // two synonyms of one command that begin alike
+        {{"--dry", "--", "add", "--", "-x"}, &add, ""},
+        {{"add", ""}, &add, ""},
+        {{"r-a", "--why=x"}, &remove, ""},
+        {{"remote", "show", "a", "b"}, &show, ""},
+        {{"remote", "sh"}, &show, ""},
+        {{}, nullptr, "missing command: add, remove-all, remote, append"},
+        {{"remote"}, &remote, "missing command: show"},
+        {{"rem"}, &remote, "missing command: show"},  // one word alone fits better than a part of two
+        {{"a"}, nullptr, "command 'a' is ambiguous: add, append"},
+        {{"ddd", "--help", "--bogus"}, nullptr, "unknown command 'ddd'; did you mean 'add'?"},
+        {{"remvoe"}, nullptr, "unknown command 'remvoe'; did you mean 'remove-all' or 'remote'?"},
+        {{""}, nullptr, "unknown command ''"},
+        {{"-"}, nullptr, "unknown command '-'"},
+        {{"add=x"}, nullptr, "unknown command 'add=x'"},
+        {{"add"}, &add, "missing argument: TEXT"},
+        {{"remove-all"}, &remove, "missing option: --why TEXT"},
+        {{"remove-all", "--why=x", "-f", "-q"}, &remove, "'--force' and '--quick' exclude each other"},
+        {{"add", "--dry", "x"}, &add, "unknown option '--dry'"},
+        {{"--why=x", "add", "x"}, &add, "unknown option '--why'"},
+        {{"remove-all", "--why=x", "y"}, &remove, "unexpected argument 'y'"},
+        {{"--bogus", "add", "--bogus2", "x"}, &add, "unknown option '--bogus'\nunknown option '--bogus2'"},
+    };
+    for (const auto& row : rows) {
+        const host::Outcome outcome = parser.parse(row.typed);
+        EXPECT_EQ(said(outcome), row.text) << joined(row.typed);
+        EXPECT_EQ(outcome.result().command(), row.command) << joined(row.typed);
+    }
+}
+
+TEST_F(Commands, takeGlobalOptionsOnEitherSide) {
+    const host::Outcome outcome = parser.parse({"-t", "1", "--no-col", "remote", "--tag=2", "--verb", "show",
+                                                "a", "--t=3", "b", "--colour", "--store=s"});
+    EXPECT_EQ(said(outcome), "");
+    const host::Result& result = outcome.result();
+    EXPECT_EQ(result[tags], (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(result[store], "s");
+    EXPECT_TRUE(result[colour]);
+    EXPECT_TRUE(result[verbose]);
+    EXPECT_EQ(result.origin(store).text(), "argument 12");
+    EXPECT_EQ(result.value<std::string>("store"), "s");  // names are looked up outwards
+    const auto files = result.given(names);
+    EXPECT_EQ(result.values(tags, host::before(files[0].position)), (std::vector<int>{1, 2}));
+    EXPECT_EQ(result.values(tags, host::between(files[0].position, files[1].position)),
+              (std::vector<int>{3}));
+    EXPECT_THROW((void)result[text], std::logic_error);  // of a command that was not chosen
+    EXPECT_THROW((void)result[priority], std::logic_error);
+    EXPECT_EQ(parser.parse({"add", "x"}).result()[priority], 3);
+}
+
+TEST_F(Commands, mayReadJoinedLettersOrDropTheUnknownAlone) {
+    add.addFlag("a", "");
+    add.addFlag("b", "");
+    add.joinedShort();
+    remove.ignoreUnknown();
+    EXPECT_EQ(said(parser.parse({"add", "-ab", "x"})), "");
+    EXPECT_EQ(said(parser.parse({"remove-all", "--why=x", "--bogus", "y"})), "");
+    EXPECT_EQ(said(parser.parse({"--bogus", "remove-all", "--why=x", "-fq"})), "unknown option '--bogus'");
+    parser.joinedShort();  // counts for all commands
+    EXPECT_EQ(said(parser.parse({"remove-all", "--why=x", "-fq"})),
+              "'--force' and '--quick' exclude each other");
+}
+
+/// A tool all of whose layers can be set.
+struct Layers : testing::Test {
+    template <class Say>
+    static std::string inForce(const Texts& settings, const std::vector<host::Variable>& environment,
+                               const Texts& typed, Say say) {
+        host::Parser parser("tool");
+        const auto n = parser.add<int>("n", "").defaultTo(1).environment("N").key();
+        const auto list = parser.add<int>("list", "").list(',').environment("LIST").key();
+        const auto toggle = parser.addSwitch("toggle", "").environment("TOGGLE").key();
+        const auto flag = parser.addFlag("flag", "").environment("FLAG").key();
+        const auto count = parser.addCount("count", "").environment("COUNT").key();
+        parser.exclusive({toggle, flag});
+        for (std::size_t i = 0; i < settings.size(); ++i)
+            parser.settings(settings[i], std::string(1, static_cast<char>('a' + i)) + ".conf");
+        const host::Outcome outcome = parser.parse(typed, environment);
+        if (!outcome) return said(outcome);
+        const host::Result& result = outcome.result();
+        return say(result, n) + " | " + say(result, list) + " | " + say(result, toggle) + " | " +
+               say(result, flag) + " | " + say(result, count);
+    }
+    static std::string text(const std::vector<int>& values) {
+        Texts all;
+        for (const int value : values)
+            all.push_back(std::to_string(value));
+        return joined(all, ",");
+    }
+    static std::string text(int value) { return std::to_string(value); }
+};
+
+TEST_F(Layers, replaceThoseBelow) {
+    const struct {
+        Texts settings;
+        std::vector<host::Variable> environment;
+        Texts typed;
+        const char* values;  // n | list | toggle | flag | count
+        const char* origins;
+    } rows[] = {
+        {{}, {}, {}, "1 |  | 0 | 0 | 0", "the default | nowhere | the default | the default | the default"},
+        {{"--n=2\n\n--list=1\n--list=2,3\n--count\n--count"},
+         {},
+         {},
+         "2 | 1,2,3 | 0 | 0 | 2",
+         "a.conf:1 | a.conf:4 | the default | the default | a.conf:6"},
+        {{"--n=2\n--list=1,2\n--count", "--list=3"},
+         {},
+         {},
+         "2 | 3 | 0 | 0 | 1",
+         "a.conf:1 | b.conf:1 | the default | the default | a.conf:3"},
+        {{"--n\n2\n--list=1"},
+         {{"N", "3"}, {"LIST", "7,8"}, {"COUNT", "4"}, {"TOGGLE", "on"}},
+         {},
+         "3 | 7,8 | 1 | 0 | 4",
+         "N | LIST | TOGGLE | the default | COUNT"},
+        {{"--n=2\n--toggle"},
+         {{"N", ""}, {"TOGGLE", ""}},
+         {},
+         "2 |  | 1 | 0 | 0",  // empty counts as not set
+         nullptr},
+        {{"--n=2"},
+         {{"N", "3"}, {"LIST", "7"}, {"COUNT", "3"}},
+         {"--list=9", "-n=4", "--count"},
+         "4 | 9 | 0 | 0 | 1",
+         "argument 2 | argument 1 | the default | the default | argument 3"},
+        // words in variables of switches, flags and counts; what is off replaces, too
+        {{"--toggle\n--count"}, {{"TOGGLE", "no"}, {"COUNT", "0"}}, {}, "1 |  | 0 | 0 | 0", nullptr},
+        {{"--flag"}, {{"FLAG", "false"}}, {}, "1 |  | 0 | 0 | 0", nullptr},
+        {{},
+         {{"FLAG", "1"}},
+         {},
+         "1 |  | 0 | 1 | 0",
+         "the default | nowhere | the default | FLAG | the default"},
+        {{}, {{"TOGGLE", "true"}}, {"--no-toggle"}, "1 |  | 0 | 0 | 0", nullptr},
+        // of an exclusive group the highest layer that has a member counts
+        {{"--toggle"}, {}, {"--flag"}, "1 |  | 0 | 1 | 0", nullptr},
+        {{"--flag"}, {{"TOGGLE", "yes"}}, {}, "1 |  | 1 | 0 | 0", nullptr},
+        {{"--flag"}, {}, {"--no-toggle"}, "1 |  | 0 | 1 | 0", nullptr},
+        {{"--flag", "--toggle"}, {}, {}, "1 |  | 1 | 0 | 0", nullptr},
+        {{"--flag\n--toggle"}, {}, {}, "'--toggle' and '--flag' exclude each other", nullptr},
+        // mistakes
+        {{},
+         {{"TOGGLE", "maybe"}},
+         {},
+         "TOGGLE: 'maybe' is neither yes nor no, which '--toggle' takes",
+         nullptr},
+        {{},
+         {{"COUNT", "-1"}},
+         {},
+         "COUNT: '-1' is not a whole number from 0 on, which '--count' takes",
+         nullptr},
+        {{}, {{"LIST", "1,,2"}}, {"--list=1"}, "LIST: '1,,2' has an empty item", nullptr},
+        {{"\n\n\n\n\n\n\n\n\n\n\n--cuont"},
+         {},
+         {},
+         "a.conf:12: unknown option '--cuont'; did you mean '--count'?",
+         nullptr},
+        {{"word\n--help\n--\n--n"},
+         {},
+         {},
+         "a.conf:1: 'word' is no option, and settings hold nothing else\na.conf:2: '--help' belongs on the "
+         "command "
+         "line\na.conf:3: '--' is no option, and settings hold nothing else\na.conf:4: '-n' needs a value",
+         nullptr},
+    };
+    for (const auto& row : rows) {
+        const std::string about = joined(row.settings) + " / " + joined(row.typed);
+        const auto value = [](const host::Result& result, auto key) { return text(result[key]); };
+        const auto origin = [](const host::Result& result, auto key) { return result.origin(key).text(); };
+        const std::string expected = row.values;
+        EXPECT_EQ(inForce(row.settings, row.environment, row.typed, value), expected) << about;
+        if (row.origins != nullptr) {
+            EXPECT_EQ(inForce(row.settings, row.environment, row.typed, origin), row.origins) << about;
+        }
+    }
+}
+
+TEST(Settings, ofFilesMayBeMissingWhereThatIsAllowed) {
+    const TemporaryFile file("\xEF\xBB\xBF--n=5\r\n");
+    host::Parser parser("tool");
+    const auto n = parser.add<int>("n", "").key();
+    parser.settings("/no/such/file", host::Missing::allowed).settings(file.path);
+    EXPECT_EQ(parser.parse({}).result()[n], 5);
+    EXPECT_EQ(parser.parse({}).result().origin(n).text(), file.path + ":1");
+    parser.settings("/no/such").settings("/dev/zero").settings("/", host::Missing::allowed);
+    EXPECT_EQ(said(parser.parse({})),
+              "cannot read '/no/such': No such file or directory\n"
+              "cannot read '/dev/zero': it holds a NUL character and is no text\n"
+              "cannot read '/': Is a directory");
+}
+
+TEST(Settings, ofACommandGoBeforeThoseOfTheOuterParser) {
+    host::Parser parser("tool");
+    const auto list = parser.add<int>("list", "").list(',').global().environment("LIST").key();
+    host::Parser& command = parser.command("do", "");
+    const auto own = command.add<int>("own", "").environment("OWN").key();
+    parser.settings("--list=1", "outer");
+    command.settings("--list=2\n--own=3", "inner");
+    const host::Outcome outcome = parser.parse({"do"});
+    EXPECT_EQ(outcome.result()[list], std::vector<int>{2});
+    EXPECT_EQ(outcome.result()[own], 3);
+    EXPECT_EQ(parser.parse({"do"}, {{"OWN", "4"}}).result()[own], 4);
+    EXPECT_EQ(parser.parse({"do"}, {{"LIST", "4"}}).result()[list], std::vector<int>{4});
+    EXPECT_EQ(said(parser.parse({"do"}, {{"OWN", "x"}})),
+              "OWN: 'x' is not a whole number, which '--own' takes");
+}
+
+/// Options of every kind, as a seed says it, and what of them is in force.
+class Generated {
+public:
+    explicit Generated(unsigned seed) : state(seed * 2654435761U + 1) {
+        for (unsigned i = 0; i < 1 + below(6); ++i) {
+            const std::string name = "option-" + std::to_string(i);
+            switch (below(6)) {
+                case 0:
+                    declareSwitch(name);
+                    break;
+                case 1:
+                    parser.addFlag(name, ""), line(name, {});
+                    break;
+                case 2:
+                    parser.addCount(name, ""), line(name, {}), line(name, {});
+                    break;
+                case 3:
+                    (void)parser.add<int>(name, "").list(';').defaultTo({1, -2}), line(name, {"3;4", "-5"});
+                    break;
+                case 4:
+                    (void)parser.add<double>(name, "").repeated(), line(name, {"0.1", "1e300"}),
+                        line(name, {"-7"});
+                    break;
+                default:
+                    (void)parser.add<std::string>(name, "").defaultTo(" # odd\t"),
+                        line(name, {"=", "; x ", "a\rb", "\xC3\xA4"});
+            }
+        }
+    }
+    host::Parser parser{"tool"};
+    Texts typed;
+
+private:
+    unsigned below(unsigned limit) { return (state = state * 1664525U + 1013904223U) / 65536U % limit; }
+    void declareSwitch(const std::string& name) {
+        (void)parser.addSwitch(name, "").defaultTo(below(2) == 0);
+        line((below(2) == 0 ? "no-" : "") + name, {});
+    }
+    void line(const std::string& name, const Texts& values) {
+        if (below(3) == 0) return;
+        typed.push_back("--" + name);
+        if (!values.empty()) typed.back() += "=" + values[below(static_cast<unsigned>(values.size()))];
+    }
+    unsigned state;
+};
+
+TEST(Effective, readsBackToTheSame) {
+    for (unsigned seed = 0; seed < 1000; ++seed) {
+        Generated first(seed);
+        const host::Outcome outcome = first.parser.parse(first.typed);
+        ASSERT_EQ(said(outcome), "") << joined(first.typed);
+        const std::string text = first.parser.effective(outcome.result());
+        Generated second(seed);
+        second.parser.settings(text, "text");
+        const host::Outcome again = second.parser.parse({});
+        ASSERT_EQ(said(again), "") << text;
+        const auto withoutOrigins = [](const std::string& lines) {
+            std::string kept;
+            for (std::size_t at = 0; at < lines.size(); at = lines.find('\n', at) + 1)
+                if (lines[at] != '#') kept += lines.substr(at, lines.find('\n', at) + 1 - at);
+            return kept;
+        };
+        ASSERT_EQ(withoutOrigins(second.parser.effective(again.result())), withoutOrigins(text)) << seed;
+        for (unsigned i = 0; i < 6; ++i) {
+            try {
+                const std::string name = "option-" + std::to_string(i);
+                EXPECT_EQ(again.result().value<std::string>(name), outcome.result().value<std::string>(name));
+            } catch (const std::logic_error&) {
+            }  // of another type, or not declared
+        }
+    }
+}
+
+TEST(Effective, namesTheOriginOfEachLine) {
+    host::Parser parser("tool");
+    parser.addCount("count", "").environment("COUNT");
+    (void)parser.add<int>("list", "").list(',').defaultTo({1, 2});
+    (void)parser.add<std::string>("text", "").repeated();
+    parser.addSwitch("toggle", "");
+    parser.add<int>("unset", "");
+    parser.settings("\n--text=a", "s.conf");
+    EXPECT_EQ(parser.effective(parser.parse({"--toggle"}, {{"COUNT", "2"}}).result()),
+              "# COUNT\n--count\n--count\n# the default\n--list=1,2\n# s.conf:2\n--text=a\n# argument "
+              "1\n--toggle\n");
+    EXPECT_EQ(
+        parser.effective(parser.parse({"--text=a\nb", "--text=c"}, {}).result()),
+        "# the default\n--list=1,2\n# argument 2\n# --text has a value that no settings can hold\n--text=c\n"
+        "# the default\n--no-toggle\n");
+    EXPECT_EQ(parser.effective(host::Result()), "");
+}
+
+}  // namespace
