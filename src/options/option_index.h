@@ -26,8 +26,8 @@ constexpr std::string_view negation = "no-";
 /// Instead of a number of an option or a name.
 constexpr unsigned none = ~0u;
 
-// A name is kept small, since a search for a shortened name reads all of them. So the text is a pointer and 32 bits.
-/// One name of one option.
+/// One name of one option. Kept small, since a search for a shortened name may read all of them: so the text is a
+/// pointer and 32 bits.
 struct RegisteredName {
     RegisteredName(std::string_view text, std::uint32_t textHash, unsigned ofOption, bool ofSwitch)
         : start(text.data()),
