@@ -1,3 +1,5 @@
+// What the companion's help says of each option: its forms, its value, its notes, its section. help_text.cpp lays the
+// page out for a terminal.
 #include "help.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// The sentences about mistakes of the companion's users. The plain interface has its own, in src: there it is
+// "Unknown option: --x", here "unknown option '--x'".
 #include "mistakes.h"
 
 #include "shown_text.h"

@@ -1,3 +1,4 @@
+// Where log lines go: to the console, or to a stream that refuses everything.
 #include "base/diagnostic_log.h"
 
 #include <memory>

@@ -9,6 +9,9 @@
 //     variant_t text("abc");    // obtains 4 bytes from m_mem
 //     variant_t copy(text);     // 4 more
 //     copy = 7;                 // gives the copy's 4 bytes back
+//
+// Memory is obtained in obtainCopy and newBlock, and given back in release. The destructor and the assignment, which
+// are inline in the header, call release.
 #include "tamsu2/variant.h"
 
 #include <cstddef>

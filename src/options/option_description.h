@@ -1,4 +1,15 @@
 // The record of one registered option, which is also the builder that the host gets.
+//
+// A registration fixes names, description, type and group. Then the host goes on with the builder:
+//
+//     parser->option("level,l", "How hard to try.", tamsu2::qel_int, "general")->defaultValue(5)->synonym("effort");
+//
+// The registry makes the records and keeps them. Recognisers ask a record for what they need to take a value, results
+// for its names and its default, the help for all of it. The names themselves stand in the registry's index: the record
+// knows its first and last one, and each name knows the next.
+//
+// Bodies: option_description.cpp has the builder, value_conversion.cpp texts and values, value_validation.cpp what the
+// option accepts.
 #ifndef VORN_OPTIONS_OPTION_DESCRIPTION_H
 #define VORN_OPTIONS_OPTION_DESCRIPTION_H
 
@@ -113,9 +124,12 @@ private:
     // The text holds no NUL, or is one: then it is no number, as "" is none.
     bool convert(std::string_view text, tamsu2::variant_t& value) const;
 
+    // What all builder operations have in common.
     template <class Change>
     IOption* changeWhole(Change change);
+    // The values, to be changed: made where there are none, copied where another description shares them.
     Values& ownValues();
+    // The steps of validate; value_validation.cpp.
     bool isAllowed(std::string_view text, const tamsu2::variant_t& value) const;
     unsigned expandBeginning(std::string_view& text) const;
     std::string listOfAllowedValues() const;

@@ -1,4 +1,14 @@
 // What is derived from the registered options, so that no walk over them is needed.
+//
+// For the switch "verbose,v" and the positional option "file,f" with a default, registered in this order:
+//
+//     names               verbose, v (of option 0), file, f (of option 1)
+//     findExactly         "f" is of option 1;  "no-v" of option 0, negated;  "fil" of none
+//     firstPositional     1
+//     defaulted           1
+//
+// The registry asks it whether a name is taken, the recogniser of names for names typed in full, the recogniser of
+// positional arguments for its option, and results for the options with a default.
 #ifndef VORN_OPTIONS_OPTION_INDEX_H
 #define VORN_OPTIONS_OPTION_INDEX_H
 
@@ -16,7 +26,8 @@ constexpr std::string_view negation = "no-";
 /// Instead of a number of an option or a name.
 constexpr unsigned none = ~0u;
 
-/// One name of one option.
+/// One name of one option. Kept small, since a search for a shortened name may read all of them: so the text is a
+/// pointer and 32 bits.
 struct RegisteredName {
     RegisteredName(std::string_view text, std::uint32_t textHash, unsigned ofOption, bool ofSwitch)
         : start(text.data()),
@@ -56,6 +67,7 @@ public:
     /// Adds a name to the option's list of names, whose last one so far is `previous`, or none. Returns its number.
     unsigned addName(const RegisteredName& name, unsigned previous) noexcept;
 
+    /// Both may be called in any order of the options, and again for the same one.
     void addPositional(unsigned option) noexcept;
     void addDefaulted(unsigned option);
 

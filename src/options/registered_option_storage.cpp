@@ -1,3 +1,15 @@
+// The way of a registration: its group is filed, its names are checked, then the option is made.
+//
+//     names          result
+//     level,l        accepted
+//     a,b,c,d        refused: more than three names
+//     a,b,ccc        refused: a third name has at most 2 characters
+//     level,x        refused when level is taken, and "level" goes to standard error
+//     x,level        the same, but "x" goes there: it is always the first name. Kept on purpose.
+//     x,y,           accepted: the third name is one NUL character
+//     (empty)        accepted: an option without a name
+//
+// Names are compared with those of other options, not with each other: "a,a" is accepted.
 #include "options/registered_option_storage.h"
 
 #include <algorithm>
@@ -13,6 +25,7 @@ namespace vorn_3_1::internal {
 
 namespace {
 
+// The reasons in the status of the fallback.
 constexpr int namesRefused = 1;
 constexpr int unfinished = 3;
 
@@ -21,6 +34,8 @@ constexpr std::size_t longestThirdName = 2;
 
 std::string_view textOrEmpty(const char* text) { return text == nullptr ? "" : text; }
 
+// The only line that the library writes without being asked: a host with two options of one name is mistaken, and its
+// author shall see it at the first run.
 void reportTakenName(std::string_view name) {
     namespace strings = MORA_2_10::strings::tm2;
     logLine("An option with the same name is already registered: ", name);
@@ -62,6 +77,8 @@ IOption* RegisteredOptionStorage::option(const char* names, const char* descript
     }
 }
 
+// First all that may fail, in the order in which hosts know its effects; then the option and its names, which cannot
+// fail half way: the texts are copied, and the index has room.
 IOption* RegisteredOptionStorage::add(const char* names, const char* description,
                                       tamsu2::qel_variant_type_t type, const char* group) {
     fallback.status = unfinished;  // stays after a success, too
@@ -106,6 +123,7 @@ unsigned RegisteredOptionStorage::fileGroup(std::string_view group) {
     return number;
 }
 
+// The two checks of the names' form come first and say nothing. Only a taken name is reported.
 bool RegisteredOptionStorage::isAcceptable(const NameList& names) const {
     if (names.size() > mostNames) return false;
     if (names.size() == mostNames && names.begin()[mostNames - 1].text.size() > longestThirdName)

@@ -21,7 +21,8 @@ namespace vorn_3_1::internal {
 namespace {
 
 // "0x" and hexadecimal digits, or hexadecimal digits and "h", make a number hexadecimal. What has neither is decimal,
-// also where it has the digits: "ff" is no number.
+// also where it has the digits: "ff" is no number. The text is not changed: readNumber takes a prefix off, and stops in
+// front of an "h".
 Base baseOf(std::string_view text) {
     const auto isHexadecimal = [](std::string_view digits) {
         return digits.find_first_not_of("1234567890ABCDEFabcdef") == std::string_view::npos;
@@ -93,6 +94,7 @@ tamsu2::variant_t OptionDescription::fromString(std::string_view text) const {
     return value;
 }
 
+// A switch that was named gets here as "1" or "0": the recogniser of names makes them of the two forms.
 bool OptionDescription::convert(std::string_view text, tamsu2::variant_t& value) const {
     switch (type()) {
         case tamsu2::qel_bool:

@@ -37,6 +37,7 @@ std::string notOfType(std::string_view option, std::string_view text, std::strin
 
 }  // namespace
 
+// Texts are not converted: the text is the value, and most hosts never ask for a second copy of it.
 bool OptionDescription::validate(std::string_view& text, tamsu2::variant_t& value, std::string& error) const {
     const bool isText = type() == tamsu2::qel_string;
     if (!isText && !convert(text, value)) {

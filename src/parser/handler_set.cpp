@@ -1,3 +1,4 @@
+// How one event reaches all handlers, although any of them may add or remove handlers, parse, or raise events.
 #include "parser/handler_set.h"
 
 #include <stdexcept>
@@ -28,6 +29,8 @@ private:
 
 }  // namespace
 
+// The three events differ in what the handlers' answers mean. onOptionParse: nothing. onValueParse: the first false
+// refuses the value, and no further handler is asked. onUknownArgument: all are asked, and one false is enough.
 bool HandlerSet::onOptionParse(const char* name) {
     const char* kept = garbage.init(name);
     callEach([kept](EventHandler& handler) {

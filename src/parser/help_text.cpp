@@ -7,8 +7,11 @@
 //     -v, -verbose | -no-verbose (default)                        a heading that is too long for its column
 //                                   Say what is done.
 //
-// Groups stand in the order in which they appeared, and the options of each in the order of registration. The hidden
-// group is left out, or is the only one. Positional options are never listed.
+// Groups stand in the order in which they appeared, and the options of each in the order of registration. The names of
+// an option stand in reverse, so that the first one is last, next to its value (writeNames). The hidden group is left
+// out, or is the only one. Positional options are never listed.
+//
+// This is the help of the plain interface. The companion has its own, in host/help.cpp and host/help_text.cpp.
 #include <exception>
 #include <string>
 #include <string_view>

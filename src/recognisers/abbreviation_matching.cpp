@@ -1,5 +1,14 @@
-// Which option a typed name stands for. A word typed in full counts 2, the beginning of a word 1, and the name
-// with the highest sum wins; so a name typed in full beats every longer name that it abbreviates.
+// Which option a typed name stands for: cuts the name out of the argument, has the names searched, and says which were
+// found. A word typed in full counts 2, the beginning of a word 1, and the name with the highest sum wins; so a name
+// typed in full beats every longer name that it abbreviates:
+//
+//     typed      names                      sums
+//     out-f      out-file, output-file      3, 2: out-file
+//     o-f        out-file, output-file      2, 2: ambiguous
+//     out-file   out-file, output-file      4: typed in full, nothing is compared
+//
+// The words are compared in name_search.cpp, not here. It counts the shortened words instead, and fewer are better:
+// only names with as many words as the typed one match, so the two counts always give the same order.
 #include <algorithm>
 #include <string>
 #include <string_view>
@@ -15,6 +24,7 @@ namespace vorn_3_1::internal {
 
 namespace {
 
+// What recognize returns.
 constexpr int taken = 0;
 constexpr int notTaken = 1;
 
@@ -34,6 +44,8 @@ AbbreviationParser::Token::Token(std::string_view argument) {
     value = hasValue ? argument.substr(equals + 1) : std::string_view("");
 }
 
+// A single hyphen is no name, and may be positional. What is found stays in the recogniser for parse, which comes next
+// for the same argument.
 int AbbreviationParser::recognize(const ArgumentList& args, const RegisteredOptionStorage& storage,
                                   std::string& msg) {
     const std::string_view argument = args.front();
@@ -69,10 +81,12 @@ void AbbreviationParser::findBest(const OptionIndex& index) {
     });
 }
 
+// As a user would type it: "level", or "no-verbose" for the other form of a switch.
 std::string AbbreviationParser::nameOf(const NameMatch& match, const OptionIndex& index) {
     return joined({match.negated ? negation : "", index.names()[match.name].key()});
 }
 
+// "'level', 'no-level'", for both messages about an ambiguous name.
 std::string AbbreviationParser::listOfBestNames(const OptionIndex& index) const {
     std::string list;
     for (const NameMatch& match : bestMatches) {

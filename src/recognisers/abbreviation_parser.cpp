@@ -1,4 +1,16 @@
 // What a named option's value is, and every way of misusing an option.
+//
+//     kind of option      argument        value
+//     switch              --name          "1"; "0" for the "no-" form
+//                         --name=text     misuse
+//     without value       --name          none
+//                         --name=text     misuse
+//     any other           --name=text     the text
+//                         --name text     the text; both arguments are removed
+//                         --name -text    misuse
+//                         --name          misuse
+//
+// "--name=" is like "--name": an empty value counts as none, so the next argument may be the value.
 #include "recognisers/abbreviation_parser.h"
 
 #include <utility>
@@ -14,6 +26,8 @@ constexpr std::string_view howToDeclare =
     "Use '-option=value' declaration form or make sure that value is not missed";
 }
 
+// An ambiguous name is refused here and not in recognize, where no error can be reported: saying "not taken" would
+// make a positional argument of it, or an unknown one.
 int AbbreviationParser::parse(ArgumentList& args, IResultCollector* collector,
                               const RegisteredOptionStorage& storage, std::string& msg) {
     const std::string_view argument = args.front();
@@ -31,6 +45,8 @@ int AbbreviationParser::parse(ArgumentList& args, IResultCollector* collector,
     });
 }
 
+// Finds the value, tells the handlers, stores, removes, in this order: handlers hear of an option before its value is
+// checked, and an argument that failed is still the first of the list.
 int AbbreviationParser::parseAs(const OptionDescription& option, bool switchedOff, ArgumentList& args,
                                 IResultCollector* collector, std::string& msg) {
     logLine(name, ": detected option: '", option.firstName(), "'");
@@ -52,6 +68,7 @@ int AbbreviationParser::parseAs(const OptionDescription& option, bool switchedOf
     return 0;
 }
 
+// Sets `value`, or words the misuse: the table above.
 int AbbreviationParser::findValue(const ArgumentList& args, const OptionDescription& option, bool switchedOff,
                                   ValueSource& value, std::string& msg) const {
     const std::string_view firstName = option.firstName();
@@ -73,6 +90,8 @@ int AbbreviationParser::findValue(const ArgumentList& args, const OptionDescript
     return 0;
 }
 
+// A value with a hyphen in front needs the "=" form, numbers too: "--level=-5". Otherwise a forgotten value would
+// swallow the option behind it.
 int AbbreviationParser::takeNextArgument(const ArgumentList& args, std::string_view firstName,
                                          ValueSource& value, std::string& msg) const {
     logLine(name, ": no value in the same argument, looking next");
@@ -92,6 +111,7 @@ int AbbreviationParser::takeNextArgument(const ArgumentList& args, std::string_v
     return 0;
 }
 
+// Returns the code, so that callers can report and return in one step.
 int AbbreviationParser::reportMisuse(std::string text, std::string& msg) const {
     msg = std::move(text);
     logLine(name, ": ", msg);

@@ -1,4 +1,17 @@
 // The recogniser of named options.
+//
+// The loop in parse_driver.cpp asks recognize, and calls parse when the answer is yes. With a number option "level", a
+// switch "verbose" and an option "help" without a value:
+//
+//     front of the list   taken   option    value     removed
+//     --lev=5             yes     level     "5"       --lev=5
+//     -level 5            yes     level     "5"       -level and 5
+//     --no-v              yes     verbose   "0"       --no-v
+//     --help              yes     help      none      --help
+//     --other             no
+//     file                no
+//
+// abbreviation_matching.cpp finds the option, abbreviation_parser.cpp its value.
 #ifndef VORN_RECOGNISERS_ABBREVIATION_PARSER_H
 #define VORN_RECOGNISERS_ABBREVIATION_PARSER_H
 

@@ -1,3 +1,10 @@
+// The way of a value, from its text in the argument to the result: cut, validated, announced, stored.
+//
+// An option takes all its values or none. With the list "a,b,c" where "b" is refused:
+//
+//     a    valid, announced        b    refused: the parse ends        c    never looked at
+//
+// and the result hears of nothing, though a handler has seen "a".
 #include "recognisers/argument_parser.h"
 
 #include <utility>
@@ -18,6 +25,8 @@ void IArgumentParser::announceOption(const OptionDescription& option) const {
     if (context.owner != nullptr) context.owner->onOptionParse(option.firstName().data());
 }
 
+// The occurrence draws its position before its values do, so a query for what comes after the occurrence finds them.
+// A failure leaves a gap in the positions, which nobody minds.
 int IArgumentParser::parseValueAndAddOption(std::string_view value, std::string& msg,
                                             const OptionDescription& option, const ArgumentList& args,
                                             IResultCollector* collector) {
@@ -34,12 +43,14 @@ int IArgumentParser::parseValueAndAddOption(std::string_view value, std::string&
     return 0;
 }
 
+// An option whose separator is NUL takes the text whole.
 int IArgumentParser::addValue(std::string_view value, std::string& msg, const OptionDescription& option,
                               const ArgumentList& args) {
     logLine(name, ": not using tokenizer");
     return addItem(value, value, msg, option, args);
 }
 
+// The last log line is written for a list only, and without any handler, too: kept on purpose.
 int IArgumentParser::addItems(std::string_view value, std::string& msg, const OptionDescription& option,
                               const ArgumentList& args) {
     const char separator = option.tokenizer();
@@ -55,6 +66,8 @@ int IArgumentParser::addItems(std::string_view value, std::string& msg, const Op
     return 0;
 }
 
+// `item` is what is checked, `value` all that the user typed. They differ in a list. Validation may lengthen the text
+// to a whole allowed value.
 int IArgumentParser::addItem(std::string_view item, std::string_view value, std::string& msg,
                              const OptionDescription& option, const ArgumentList& args) {
     ValueRecord& record = found.values.emplace_back();

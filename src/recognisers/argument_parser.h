@@ -1,5 +1,14 @@
 // What all recognisers have in common. A recogniser is one strategy for reading options out of the
 // argument list; every parse builds its own.
+//
+// There are two: AbbreviationParser for named options, PositionalOptionsParser for the rest. Each finds out which
+// option an argument belongs to, and what its value is. From there on they go the same way, which is written here once:
+//
+//     --list=a,b                        a recogniser finds the option list and the value "a,b"
+//       announceOption                  the handlers hear of list
+//       parseValueAndAddOption          cuts "a,b"; for each item:
+//         addItem                       validates it, draws its position, asks the handlers
+//       collector->store                one occurrence with two values
 #ifndef VORN_RECOGNISERS_ARGUMENT_PARSER_H
 #define VORN_RECOGNISERS_ARGUMENT_PARSER_H
 
@@ -26,6 +35,7 @@ struct RecogniserContext {
     int flags;
 };
 
+/// One recogniser. The parser asks it with recognize, and then calls parse, for the same argument.
 class IArgumentParser {
 public:
     /// The counter that orders everything on the command line.
@@ -71,6 +81,7 @@ protected:
     RecogniserContext context;
 
 private:
+    // The steps of parseValueAndAddOption. Each returns 0, or the code to end with.
     int addValue(std::string_view value, std::string& msg, const OptionDescription& option,
                  const ArgumentList& args);
     int addItems(std::string_view value, std::string& msg, const OptionDescription& option,

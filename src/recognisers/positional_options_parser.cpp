@@ -1,3 +1,6 @@
+// Every argument that is taken makes an occurrence of the positional option of its own:
+//
+//     tool a,b c     occurrence with the values "a" and "b", occurrence with the value "c"
 #include "recognisers/positional_options_parser.h"
 
 #include "base/diagnostic_log.h"
@@ -8,6 +11,7 @@ namespace vorn_3_1::internal {
 PositionalOptionsParser::PositionalOptionsParser(const RecogniserContext& parser)
     : IArgumentParser("PositionalOptionsParser", parser) {}
 
+// Takes anything as long as there is a positional option; whether it is a good value is for parse to say.
 int PositionalOptionsParser::recognize(const ArgumentList& args, const RegisteredOptionStorage& storage,
                                        std::string&) {
     const std::string_view argument = args.front();
@@ -16,6 +20,7 @@ int PositionalOptionsParser::recognize(const ArgumentList& args, const Registere
     return storage.index().firstPositional() == none ? 1 : 0;
 }
 
+// The option may change while handlers hear of it, so a copy is parsed: see withSnapshotOf.
 int PositionalOptionsParser::parse(ArgumentList& args, IResultCollector* collector,
                                    const RegisteredOptionStorage& storage, std::string& msg) {
     logLine(name, ": parsing argument '", args.front(), "'");
@@ -24,6 +29,7 @@ int PositionalOptionsParser::parse(ArgumentList& args, IResultCollector* collect
         [&](const OptionDescription& option) { return parseAs(option, args, collector, msg); });
 }
 
+// One argument, or all that are left. A failure ends it with the argument still in the list.
 int PositionalOptionsParser::parseAs(const OptionDescription& option, ArgumentList& args,
                                      IResultCollector* collector, std::string& msg) {
     logLine(name, ": option is '", option.firstName(), "'");

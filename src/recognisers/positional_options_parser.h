@@ -1,4 +1,11 @@
 // The recogniser of arguments that name no option.
+//
+// The loop in parse_driver.cpp asks it for every argument, and takes its yes only when no named option is found.
+// pass_through_arguments.cpp asks it for what follows "--". With a positional option "file":
+//
+//     a         a value of file
+//     -x        likewise; under hyphenNotPositional it is not taken
+//     a -x b    under positionalRepeat, all three are values of file
 #ifndef VORN_RECOGNISERS_POSITIONAL_OPTIONS_PARSER_H
 #define VORN_RECOGNISERS_POSITIONAL_OPTIONS_PARSER_H
 

@@ -1,3 +1,8 @@
+// How a text comes to a keeper: copied (init, keep), or as it is (adopt).
+//
+//     keeper.keep("abc")     a copy, since there is none yet
+//     keeper.keep("abc")     the pointer of that copy
+//     keeper.keep("")        the same pointer in all keepers, and no memory
 #include "text/garbage.h"
 
 namespace vorn_3_1::internal {
@@ -16,6 +21,8 @@ std::string_view Garbage::adopt(std::string_view text) {
     return kept(text, [&] { return text; });
 }
 
+// Asks for the copy only where the text is new. Room in the table is made first: if there is none, the arena has not
+// grown for nothing, and once there is a copy nothing can fail any more.
 template <class Copy>
 std::string_view Garbage::kept(std::string_view text, Copy copy) {
     if (text.empty()) return empty;

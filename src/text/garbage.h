@@ -1,4 +1,12 @@
 // The keeper of every text whose character pointer the library hands out.
+//
+// Hosts get plain character pointers: in events, as errors, as the help, as values. Whoever hands a text out keeps it
+// first. This is how getErrorDesc does it:
+//
+//     return garbage.init(lastError.c_str());     good until the parser is destroyed
+//
+// Every parser has a keeper, and every result. A keeper gives nothing back before it goes itself. A text that it has
+// already is not kept again, so a host may ask for the same text any number of times.
 #ifndef VORN_TEXT_GARBAGE_H
 #define VORN_TEXT_GARBAGE_H
 

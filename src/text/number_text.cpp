@@ -1,3 +1,15 @@
+// A stream costs hundreds of nanoseconds to make, a number a few to read. While the global locale is the
+// classic one, which is nearly always, the same characters are read here without a stream; under any other
+// locale, and in the one case that is left to it below, the stream itself decides.
+//
+// Whoever asks first which locale is the global one has all of the standard library's locales set up: 38,000
+// instructions, more than the rest of a short parse. So only those numbers ask that locales may differ on.
+//
+//     text           global locale    who reads it
+//     "12"           any              readInteger or readDouble: digits alone are one number everywhere
+//     "-12", "1.5"   classic          the same
+//     "-12", "1.5"   another          the stream
+//     "1e5"          any              the stream, when it is a double
 #include "text/number_text.h"
 
 #include <algorithm>
@@ -8,16 +20,11 @@
 #include <sstream>
 #include <type_traits>
 
-// A stream costs hundreds of nanoseconds to make, a number a few to read. While the global locale is the
-// classic one, which is nearly always, the same characters are read here without a stream; under any other
-// locale, and in the one case that is left to it below, the stream itself decides.
-//
-// Whoever asks first which locale is the global one has all of the standard library's locales set up: 38,000
-// instructions, more than the rest of a short parse. So only those numbers ask that locales may differ on.
 namespace vorn_3_1::internal {
 
 namespace {
 
+// Not std::isspace, which asks the C locale of the moment: these two know the classic locale's characters alone.
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 bool isBlank(char character) { return character == ' ' || (character >= '\t' && character <= '\r'); }
@@ -48,6 +55,8 @@ struct Scanner {
     }
 };
 
+// The two slow ways. The number goes through a void pointer, so that the code around the stream exists once and not
+// once for each type.
 // The stream is made in one place for all types.
 bool readByStream(std::string_view text, Base base, bool (*extract)(std::istream&, void*), void* value) {
     std::istringstream stream{std::string(text)};
@@ -63,6 +72,7 @@ std::string writeByStream(void (*insert)(std::ostream&, const void*), const void
     return stream.str();
 }
 
+// The same two for a type: they know which operator of the stream to call.
 template <class Number>
 bool readByStream(std::string_view text, Base base, Number& value) {
     const auto extract = [](std::istream& stream, void* target) {
@@ -79,6 +89,8 @@ std::string writeByStream(Number value) {
     return writeByStream(insert, &value);
 }
 
+// The digits without their sign. from_chars knows no "0x", so it is taken off here. What follows the digits is ignored:
+// that is how the "h" of "1Fh" goes.
 bool readMagnitude(std::string_view text, Base base, unsigned long long& magnitude) {
     if (base == Base::hexadecimal && (text.starts_with("0x") || text.starts_with("0X")))
         text.remove_prefix(2);
@@ -100,6 +112,12 @@ bool readInteger(std::string_view text, Base base, bool isSigned, unsigned long 
     return true;
 }
 
+// Finds where a stream would stop reading, and gives from_chars just those characters:
+//
+//     "1.5kg"    "1.5"
+//     "+2."      "2."        without the plus
+//     "nan"      ""          no number, as for a stream
+//     "1e5"      all of it to the stream
 bool readDouble(std::string_view text, double& value) {
     const std::string_view number = withoutLeadingBlanks(text);
     Scanner scanner{number.data(), number.data() + number.size()};
@@ -123,12 +141,14 @@ bool readDouble(std::string_view text, double& value) {
     return read.ec == std::errc();
 }
 
+// 32 characters are enough: 64 bits have at most 20 digits, and a double is written with 6.
 template <class... Format>
 std::string charsOf(Format... format) {
     char buffer[32];
     return {buffer, std::to_chars(buffer, buffer + sizeof buffer, format...).ptr};
 }
 
+// As a stream does it that nobody has set up: 6 digits in all, an exponent only where it is shorter.
 std::string charsOfDouble(double value) {
     constexpr int streamPrecision = 6;
     return charsOf(value, std::chars_format::general, streamPrecision);

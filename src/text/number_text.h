@@ -1,4 +1,13 @@
 // Numbers from texts and texts from numbers, by the rules of string streams.
+//
+// value_conversion.cpp calls both ways: for what users type, and for defaults and allowed values in messages and help.
+//
+//     readNumber     "12abc"         int                     12
+//                    " +7"           int                     7
+//                    "-1"            unsigned int            4294967295
+//                    "99999999999"   int                     false: out of range
+//                    "0x1F", "1Fh"   hexadecimal, 64 bits    31
+//     writeNumber    1.5             double                  "1.5"
 #ifndef VORN_TEXT_NUMBER_TEXT_H
 #define VORN_TEXT_NUMBER_TEXT_H
 
@@ -7,6 +16,7 @@
 
 namespace vorn_3_1::internal {
 
+/// How the digits of a text are read. Only integers can be hexadecimal.
 enum class Base { decimal, hexadecimal };
 
 /// Reads a number as `std::istringstream(text) >> value` does: leading blanks and a sign are taken, what

@@ -1,4 +1,14 @@
 // Objects that stay where they are until all of them go.
+//
+// A result keeps what was given in pools, one for each kind of object:
+//
+//     Pool<Occurrence> occurrences;
+//     Occurrence& first = occurrences.add(position, nullptr);     good as long as the pool
+//
+// A vector would move its objects when it grows, and the chains that link them would break. An allocation for each
+// object would cost more time and more memory.
+//
+//     newest --> 32 objects, some in use --> 16, all in use --> 8, all in use
 #ifndef VORN_TEXT_POOL_H
 #define VORN_TEXT_POOL_H
 
@@ -25,6 +35,8 @@ public:
         }
     }
 
+    /// Makes an object and returns it. It is counted only when it is made: if its constructor throws, the pool is as
+    /// it was.
     template <class... Arguments>
     Object& add(Arguments&&... arguments) {
         if (newest == nullptr || newest->used == newest->size) addBlock();
@@ -44,6 +56,8 @@ private:
         Object* objects() { return reinterpret_cast<Object*>(this + 1); }
     };
 
+    // Twice as large as the last one, so that many objects need few blocks. The limit keeps what may stay empty in the
+    // newest block small.
     void addBlock() {
         const std::size_t size = newest == nullptr ? smallest : std::min(newest->size * 2, largest);
         newest = ::new (::operator new(sizeof(Block) + size * sizeof(Object))) Block{newest, size, 0};

@@ -1,4 +1,9 @@
 // The scan that cuts name lists and value lists at a separator.
+//
+// The registry cuts the names of an option with it, the recognisers the values of a list:
+//
+//     option("level,l", ...)     "level" "l"
+//     --list=a:b                 "a" "b"         the host chose ':' for this option
 #ifndef VORN_TEXT_SEPARATED_TEXT_H
 #define VORN_TEXT_SEPARATED_TEXT_H
 

@@ -1,4 +1,10 @@
 // Memory for many texts that live and die together: the registry's, a keeper's, a result's.
+//
+//     TextArena texts;
+//     std::string_view name = texts.copy("level");     5 characters and a NUL, good as long as the arena
+//
+// No text can be given back alone. In return, a copy costs hardly more than its characters: the arena takes memory from
+// the system in growing blocks and lays one text behind the other.
 #ifndef VORN_TEXT_TEXT_ARENA_H
 #define VORN_TEXT_TEXT_ARENA_H
 
@@ -8,6 +14,7 @@
 
 namespace vorn_3_1::internal {
 
+/// Whoever owns the arena owns its texts. Not for texts that come and go: those are ArgumentList's.
 class TextArena {
 public:
     /// A copy of the text, followed by a NUL, valid as long as the arena.

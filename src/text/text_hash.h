@@ -1,4 +1,9 @@
 // The hash behind every table of texts.
+//
+// TextTable calls it, and those who look one name up in several tables: the registry takes the hash of a name when the
+// option is registered, and every result finds the name by the same number.
+//
+//     hashOf("level")     another number in every process, the same one within it
 #ifndef VORN_TEXT_TEXT_HASH_H
 #define VORN_TEXT_TEXT_HASH_H
 
@@ -15,10 +20,17 @@ struct HashKey {
     std::uint32_t first;
     std::uint32_t second;
 };
+/// The process's key: drawn at the first call, the same ever after.
 const HashKey& hashKey();
 
 /// A text's hash, for callers that look the same text up more than once. Every eight bytes make two factors with what
 /// came before them, and all of the product counts.
+///
+///     length      what is read
+///     above 8     eight bytes at a time, until 8 or fewer are left; then these:
+///     4 to 8      the first four and the last four, which may overlap
+///     1 to 3      the first, the middle and the last one, which may be the same
+///     0           nothing: the length and the key decide
 inline std::uint32_t hashOf(std::string_view text) {
     const HashKey key = hashKey();
     const auto read = [](const char* from) {

@@ -1,4 +1,17 @@
 // A table of what is known by a text: what the keepers, the registry and the results look names up in.
+//
+//     TextTable<KeptText> texts;
+//     texts.reserve(1);                    may throw
+//     texts.add({copy}, hashOf(copy));     never does
+//     texts.find("level");                 the entry, or null
+//
+// Callers that change several things at once make all room first. From then on nothing fails, and no change is half
+// done.
+//
+// With three entries, whose hashes end in 2, 5 and 2; the first 8 slots:
+//
+//     entries   "level" "l" "output-file"       in the order in which they were added
+//     slots     - - 1 3 - 2 - -                 the third found its slot taken and went to the next
 #ifndef VORN_TEXT_TEXT_TABLE_H
 #define VORN_TEXT_TEXT_TABLE_H
 
@@ -34,6 +47,7 @@ public:
         return const_cast<Entry*>(std::as_const(*this).find(text, hash));
     }
 
+    /// All entries, the hidden ones too, in the order in which they were added: an entry's place is its number.
     const std::vector<Entry>& all() const { return entries; }
     Entry& at(std::size_t number) { return entries[number]; }
 
@@ -63,10 +77,13 @@ private:
     static constexpr std::uint32_t none = 0;
     static constexpr std::size_t fewest = 16;  // slots
 
+    // How many entries so many slots may serve. A quarter stays free: a search ends at a free slot, and with fewer of
+    // them it would have to walk far.
     static std::size_t roomIn(std::size_t slotCount) { return slotCount / 4 * 3; }
 
     std::size_t mask() const { return slots.size() - 1; }
 
+    // There is always a free slot, since reserve has been called before.
     void enter(Slot slot) noexcept {
         std::size_t at = slot.hash & mask();
         while (slots[at].entry != none)
@@ -74,6 +91,7 @@ private:
         slots[at] = slot;
     }
 
+    // The slots know their hashes, so no text is read again.
     void addSlots(std::size_t wanted) {
         std::size_t size = std::max(slots.size(), fewest);
         while (roomIn(size) < wanted)
