@@ -12,6 +12,7 @@ namespace {
 /// Changes one field of a record, and takes that back if the record contradicts itself then.
 template <class Field>
 void change(Table& table, unsigned index, Field& field, Field value) {
+    table.refuseWhileBusy();
     std::swap(field, value);
     try {
         table.recheck(index);
@@ -23,6 +24,7 @@ void change(Table& table, unsigned index, Field& field, Field value) {
 }
 
 Details& detailsOf(Table& table, unsigned index) {
+    table.refuseWhileBusy();
     Record& record = table.records[index];
     if (!record.details) record.details = Owned<Details>(new Details);
     return *record.details;

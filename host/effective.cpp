@@ -61,6 +61,18 @@ std::vector<std::string> linesOf(const Record& record, const Values& values) {
     return lines;
 }
 
+/// Whether a rule would count what is a default here, once it stands in a text.
+bool isCheckedWhenGiven(const detail::Table& table, unsigned index) {
+    const Record& record = table.records[index];
+    if (record.isDeprecated || (record.details && !record.details->needs.empty())) return true;
+    for (const detail::RuleGroup& rule : table.groups) {
+        for (const unsigned member : rule.members) {
+            if (member == index) return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 std::string Parser::effective(const Result& result) const {
@@ -69,13 +81,23 @@ std::string Parser::effective(const Result& result) const {
         const Record& record = table->records[i];
         if (!record.isOption() || record.isBuiltIn() || record.isOnlyTyped) continue;
         const AnyKey key = {table->id, i};
-        const Values* values =
-            result.data != nullptr && result.data->level(key) != nullptr ? result.read(key) : nullptr;
+        const bool isThere = result.data != nullptr && result.data->level(key) != nullptr;
+        const Values* values = isThere ? result.read(key) : nullptr;
         if (values == nullptr || values->size() == 0) continue;
         const std::vector<std::string> lines = linesOf(record, *values);
-        if (lines.empty()) continue;
-        text += "# " + result.origin(key).text() + "\n";
-        text += detail::listed(lines, "\n") + "\n";
+        const Slot* slot = result.data->level(key)->slot(i);
+        const bool isDefault = slot == nullptr || slot->isEmpty();
+        const char* mark = isDefault && isCheckedWhenGiven(*table, i) ? "# " : "";
+        std::string said;
+        for (std::size_t k = 0; k < lines.size(); ++k) {
+            // Repeated values have a line each, and an origin each.
+            const bool isOwn = !isDefault && lines.size() == slot->places.size();
+            const std::string origin =
+                isOwn ? result.data->origin(slot->places[k]).text() : result.origin(key).text();
+            if (origin != said) text += "# " + origin + "\n";
+            said = origin;
+            text += mark + lines[k] + "\n";
+        }
     }
     return text;
 }

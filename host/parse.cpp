@@ -147,10 +147,12 @@ void Parse::addVariable(Table& table, unsigned index, const char* value, Stage& 
         token.argument.text.append("=").append(value);
     } else if (record.what == What::count) {
         const std::string reason = Type<int>::read(value, token.count);
-        if (!reason.empty() || token.count < 0) {
+        constexpr int mostCounted = 1000;  // each would be an argument on a command line
+        if (!reason.empty() || token.count < 0 || token.count > mostCounted) {
             Error error = neitherOnNorOff(record, value);
-            error.sentence = joined(
-                {quoted(value), " is not a whole number from 0 on, which '", record.shownName(), "' takes"});
+            error.sentence =
+                joined({quoted(value), " is not a whole number from 0 to ", std::to_string(mostCounted),
+                        ", which '", record.shownName(), "' takes"});
             return findings.add(std::move(error), argument, order);
         }
     } else {

@@ -30,12 +30,6 @@ private:
     detail::Table& table;
 };
 
-/// What is declared is looked at all the time while a parse goes on.
-void refuseWhileBusy(detail::Table& table) {
-    if (!table.root().isBusy) return;
-    throw std::logic_error("vorn: the parser is parsing; a check must not declare anything");
-}
-
 std::vector<detail::Argument> numbered(std::vector<std::string> texts) {
     std::vector<detail::Argument> arguments;
     arguments.reserve(texts.size());
@@ -84,26 +78,29 @@ Parser::~Parser() {
 
 detail::Declaration Parser::declare(Text names, Text description, detail::What what,
                                     const detail::TypeFacts& type) {
-    refuseWhileBusy(*table);
+    table->refuseWhileBusy();
     return {*table, table->enter(names, description, what, type)};
 }
 
 Parser& Parser::command(Text names, Text description) {
-    refuseWhileBusy(*table);
+    table->refuseWhileBusy();
     return table->enterCommand(names, description).self;
 }
 
 Parser& Parser::group(Text title) {
+    table->refuseWhileBusy();
     table->group = table->keep(title);
     return *this;
 }
 
 Parser& Parser::exclusive(std::initializer_list<AnyKey> keys) {
+    table->refuseWhileBusy();
     table->enterGroup(keys, false);
     return *this;
 }
 
 Parser& Parser::oneOf(std::initializer_list<AnyKey> keys) {
+    table->refuseWhileBusy();
     table->enterGroup(keys, true);
     return *this;
 }
@@ -145,11 +142,13 @@ Parser& Parser::ignoreUnknown() {
 }
 
 Parser& Parser::settings(Text path, Missing missing) {
+    table->refuseWhileBusy();
     table->settings.push_back({std::string(path), "", false, missing == Missing::allowed});
     return *this;
 }
 
 Parser& Parser::settings(Text text, Text name) {
+    table->refuseWhileBusy();
     if (text.find('\0') != Text::npos) throw std::invalid_argument("vorn: settings hold a NUL character");
     table->settings.push_back({std::string(text), std::string(name), true, false});
     return *this;

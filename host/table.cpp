@@ -235,17 +235,39 @@ bool Table::hasPositionals() const {
                        [](const Record& record) { return record.isPositional(); });
 }
 
+void Table::refuseWhileBusy() {
+    if (!root().isBusy) return;
+    throw std::logic_error("vorn: the parser is parsing; a check must not declare anything");
+}
+
 void Table::recheck(unsigned number) {
     if (!isCommand() || areNamesEntered) checkRecord(records[number]);
 }
 
 namespace {
 
+/// What a list could not read back.
+void checkItem(const Record& record, const std::string& item, std::string_view what) {
+    if (record.separator == '\0') return;
+    if (item.empty()) fail(record.firstName(), joined({"its ", what, " has an empty item"}));
+    const bool isCut = item.find(record.separator) != std::string::npos;
+    if (isCut) fail(record.firstName(), joined({"its ", what, " holds the separator of the list"}));
+}
+
 void checkChoices(const Record& record) {
     std::vector<std::string> texts = record.choiceTexts();
     std::sort(texts.begin(), texts.end());
     if (!texts.empty() && texts[0].empty()) {
         fail(record.firstName(), "a choice is empty, and nobody could type it");
+    }
+    for (const std::string& text : texts)
+        checkItem(record, text, "choice");
+    for (std::size_t i = 0; record.choices() != nullptr && i < record.choices()->size(); ++i) {
+        const Limits& limits = record.details->limits;
+        const Values& choices = *record.choices();
+        const bool isBelow = limits.low && limits.isLess(choices, *limits.low, i, 0);
+        const bool isAbove = limits.high && limits.isLess(*limits.high, choices, 0, i);
+        if (isBelow || isAbove) fail(record.firstName(), "a choice is out of its range");
     }
     const auto twice = std::adjacent_find(texts.begin(), texts.end());
     if (twice != texts.end()) {
@@ -260,9 +282,7 @@ void checkValues(const Record& record, const Values& values, std::string_view wh
         for (std::size_t k = 0; choices != nullptr && k < choices->size(); ++k)
             isAllowed = isAllowed || values.isSame(i, *choices, k);
         if (!isAllowed) fail(record.firstName(), joined({"its ", what, " is not among the allowed values"}));
-        const bool isCut = record.separator != '\0' &&
-                           record.shownValue(values, i).find(record.separator) != std::string::npos;
-        if (isCut) fail(record.firstName(), joined({"its ", what, " holds the separator of the list"}));
+        checkItem(record, record.shownValue(values, i), what);
         const Refusal refusal = judgeValue(record, values, i, record.shownValue(values, i));
         if (refusal) fail(record.firstName(), joined({"its ", what, ": ", refusal.sentence}));
     }

@@ -121,6 +121,9 @@ public:
     /// Enters a rule for several options. Throws RegistrationError for keys of other parsers.
     void enterGroup(std::initializer_list<AnyKey> keys, bool needsOne);
 
+    /// Whatever is declared is looked at all the time while a parse goes on: throws std::logic_error then.
+    void refuseWhileBusy();
+
     /// Called after each change of a record: throws at once if it contradicts itself, but not for a command, which is
     /// looked at when it is chosen.
     void recheck(unsigned index);

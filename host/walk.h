@@ -50,7 +50,7 @@ struct Findings {
 
 class Walk {
 public:
-    enum class Over { settings, environment, commandLine };
+    enum class Over { settings, commandLine };
 
     /// `order` is that of the first argument among all that are read; see Findings.
     Walk(Table& table, Over over, std::vector<Argument> arguments, std::size_t order, Findings& findings);

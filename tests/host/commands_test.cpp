@@ -182,7 +182,7 @@ TEST_F(Layers, replaceThoseBelow) {
         {{},
          {{"COUNT", "-1"}},
          {},
-         "COUNT: '-1' is not a whole number from 0 on, which '--count' takes",
+         "COUNT: '-1' is not a whole number from 0 to 1000, which '--count' takes",
          nullptr},
         {{}, {{"LIST", "1,,2"}}, {"--list=1"}, "LIST: '1,,2' has an empty item", nullptr},
         {{"\n\n\n\n\n\n\n\n\n\n\n--cuont"},

@@ -31,10 +31,8 @@ TEST(Review, aDecimalIsTooLargeByItsMagnitude) {
     } rows[] = {
         {"1" + zeros + "e-5", false},  // a small exponent behind many digits
         {"0." + zeros + "1", true},    // 0, without an exponent
-        {"0." + zeros + "1e+2", true},
-        {"0." + zeros + "1e900", false},
-        {"1e-99999999999999999999", true},
-        {"-1e99999999999999999999", false},
+        {"0." + zeros + "1e+2", true},     {"0." + zeros + "1e900", false},
+        {"1e-99999999999999999999", true}, {"-1e99999999999999999999", false},
     };
     for (const auto& row : rows) {
         host::Outcome outcome = parser.parse({"--number=" + row.typed});
@@ -81,6 +79,41 @@ TEST(Review, settingsWithoutANameHaveAPlaceAllTheSame) {
     host::Parser parser("tool");
     parser.settings("\n--define=x\n", "");
     EXPECT_EQ(parser.parse({}).error().text(), "settings:2: unknown option '--define'");
+}
+
+TEST(Review, effectiveReadsBackWhereDefaultsMeetRules) {
+    host::Parser parser("tool");
+    const auto a = parser.add<int>("a", "").defaultTo(1).key();
+    const auto b = parser.addFlag("b", "").key();
+    const auto items = parser.add<int>("item", "").repeated().key();
+    parser.exclusive({a, b});
+    parser.settings("--item=1\n\n--item=2\n", "f");
+    const host::Outcome outcome = parser.parse({"--b"});
+    const std::string text = parser.effective(outcome.result());
+    EXPECT_EQ(text, "# the default\n# --a=1\n# argument 1\n--b\n# f:1\n--item=1\n# f:3\n--item=2\n");
+    parser.settings(text, "again");
+    const host::Outcome again = parser.parse({});
+    ASSERT_TRUE(again) << again.error().text();
+    EXPECT_EQ(again.result()[a], 1);
+    EXPECT_EQ(again.result()[items], (std::vector<int>{1, 2}));
+}
+
+TEST(Review, whatNobodyCouldTypeIsRefused) {
+    host::Parser parser("tool");
+    const auto list = parser.add<std::string>("x", "").list();
+    EXPECT_THROW(list.allow("a,b", "c"), host::RegistrationError);
+    EXPECT_THROW((void)list.defaultTo({"x", ""}), host::RegistrationError);
+    EXPECT_THROW(parser.add<int>("y", "").range(1, 5).allow(9), host::RegistrationError);
+}
+
+TEST(Review, aCheckDeclaresNothing) {
+    host::Parser parser("tool");
+    const auto size = parser.add<int>("size", "");
+    size.check([&size](int) {
+        size.allow(1);
+        return std::string();
+    });
+    EXPECT_THROW((void)parser.parse({"--size=1"}), std::logic_error);
 }
 
 }  // namespace
