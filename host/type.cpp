@@ -15,12 +15,6 @@ Values::~Values() = default;
 Check::~Check() = default;
 Offer::~Offer() = default;
 
-template class TypedValues<bool>;
-template class TypedValues<int>;
-template class TypedValues<unsigned>;
-template class TypedValues<double>;
-template class TypedValues<std::string>;
-
 namespace {
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
@@ -200,5 +194,12 @@ const char* KnownType<std::string>::metavar() {
 template struct KnownType<bool>;
 template struct KnownType<double>;
 template struct KnownType<std::string>;
+
+// Behind all that they use.
+template class TypedValues<bool>;
+template class TypedValues<int>;
+template class TypedValues<unsigned>;
+template class TypedValues<double>;
+template class TypedValues<std::string>;
 
 }  // namespace vorn_3_1::host::detail
