@@ -139,6 +139,7 @@ void Library::verifySynonyms() {
 /// Each name is followed by a filler: an option that takes a value takes that, and otherwise it is positional or
 /// unknown. An ambiguous name ends the rehearsal, which goes on behind it.
 std::vector<Meaning> Library::ask(const std::vector<std::string>& names) {
+    refuseWhileInUse();
     std::vector<Meaning> meanings(names.size());
     std::vector<char*> argv(2 * names.size() + 1);
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -160,7 +161,13 @@ std::vector<Meaning> Library::ask(const std::vector<std::string>& names) {
     return meanings;
 }
 
+void Library::refuseWhileInUse() const {
+    if (listener == nullptr && answers == nullptr) return;
+    throw std::logic_error("vorn: the parser is parsing already; a check must not ask the same parser");
+}
+
 void Library::read(const std::vector<LibraryArgument>& arguments, Reader& reader, bool isLogged) {
+    refuseWhileInUse();
     std::vector<char*> argv = {const_cast<char*>("")};
     if (isLogged) argv.push_back(const_cast<char*>(logSwitch));
     bool isBehind = false;

@@ -90,6 +90,7 @@ private:
     IOption& registerNames(const char* names, const std::vector<std::string>& further,
                            tamsu2::qel_variant_type_t type);
     void verifySynonyms();
+    void refuseWhileInUse() const;
     void noteMeaning(const char* name);
     void readOccurrences(IParseResult& result);
 

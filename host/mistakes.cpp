@@ -57,6 +57,17 @@ void appendNames(const Table& table, bool onlyGlobal, bool withOffForms, std::ve
     }
 }
 
+std::vector<std::string> allCommandNames(const Table& table) {
+    std::vector<std::string> all;
+    for (const auto& command : table.commands) {
+        Record named;
+        named.names = command->names;
+        for (std::string& name : named.allNames())
+            all.push_back(std::move(name));
+    }
+    return all;
+}
+
 std::vector<std::string> commandNames(const Table& table) {
     std::vector<std::string> names;
     for (const auto& command : table.commands)
@@ -166,7 +177,7 @@ Error missingCommand(const Table& table) {
 
 Error unknownCommand(const Table& table, std::string_view typed) {
     Error error = mistake(Kind::unknownCommand, "unknown command " + quoted(typed));
-    error.candidates = nearestNames(typed, commandNames(table));
+    error.candidates = nearestNames(typed, allCommandNames(table));
     if (!error.candidates.empty()) {
         error.sentence += joined({"; did you mean ", quotedAlternatives(error.candidates), "?"});
     }

@@ -106,37 +106,44 @@ Parser& Parser::oneOf(std::initializer_list<AnyKey> keys) {
 }
 
 Parser& Parser::version(Text text) {
+    table->refuseWhileBusy();
     table->versionText = text;
     ++table->changes;
     return *this;
 }
 
 Parser& Parser::epilogue(Text text) {
+    table->refuseWhileBusy();
     table->epilogue = text;
     return *this;
 }
 
 Parser& Parser::colours(Colours wanted) {
+    table->refuseWhileBusy();
     table->colours = wanted;
     return *this;
 }
 
 Parser& Parser::completion(Text name) {
+    table->refuseWhileBusy();
     table->completionName = name;
     return *this;
 }
 
 Parser& Parser::joinedShort() {
+    table->refuseWhileBusy();
     table->readsJoinedShort = true;
     return *this;
 }
 
 Parser& Parser::responseFiles() {
+    table->refuseWhileBusy();
     table->readsResponseFiles = true;
     return *this;
 }
 
 Parser& Parser::ignoreUnknown() {
+    table->refuseWhileBusy();
     table->ignoresUnknown = true;
     return *this;
 }

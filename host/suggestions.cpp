@@ -59,7 +59,10 @@ unsigned alignWords(const std::vector<std::string_view>& typed, const std::vecto
     for (const std::string_view word : typed) {
         std::vector<unsigned> next(words.size() + 1, far);
         for (std::size_t k = 0; k < words.size(); ++k) {
-            const unsigned standing = best[k] > most ? far : best[k] + wordDistance(word, words[k], most);
+            // Of a short word nothing may be wrong, or it would stand for any other.
+            const unsigned mostOfWord = std::min(most, toleranceFor(word.size()));
+            const unsigned wrong = best[k] > most ? far : wordDistance(word, words[k], mostOfWord);
+            const unsigned standing = wrong > mostOfWord ? far : best[k] + wrong;
             next[k + 1] = std::min({next[k], standing, far});
         }
         best = std::move(next);
@@ -71,9 +74,12 @@ std::vector<std::string> bestOf(std::vector<Candidate> candidates) {
     std::stable_sort(candidates.begin(), candidates.end(), [](const Candidate& left, const Candidate& right) {
         return left.wrongLetters + left.leftOut < right.wrongLetters + right.leftOut;
     });
+    // Beside one with hardly a letter wrong, what has more of them is far-fetched.
     std::vector<std::string> names;
     for (const Candidate& candidate : candidates) {
-        if (names.size() < mostSuggestions) names.push_back(*candidate.name);
+        const unsigned least = candidates.front().wrongLetters;
+        const bool isNear = least > 1 || candidate.wrongLetters <= least;
+        if (isNear && names.size() < mostSuggestions) names.push_back(*candidate.name);
     }
     return names;
 }

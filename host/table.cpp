@@ -358,7 +358,10 @@ void Table::checkRecord(const Record& record) const {
 
 void Table::checkGroup(const RuleGroup& rule) const {
     for (const unsigned member : rule.members) {
-        if (!records[member].isRequired) continue;
+        const Record& record = records[member];
+        const bool isTaken =
+            record.isPositional() && !record.mayBeLeftOut() && !(record.takesRest && record.atLeast == 0);
+        if (!record.isRequired && !isTaken) continue;
         fail(records[member].firstName(), "it is required, so that it cannot exclude another one");
     }
 }

@@ -208,6 +208,7 @@ template struct KnownType<bool>;
 template struct KnownType<double>;
 template struct KnownType<std::string>;
 
+// Behind all that they use.
 template class TypedValues<bool>;
 template class TypedValues<int>;
 template class TypedValues<unsigned>;

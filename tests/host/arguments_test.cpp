@@ -229,7 +229,7 @@ TEST_F(Arguments, ofResponseFilesStandInThePlaceOfTheName) {
     };
     for (const auto& row : rows) {
         const TemporaryFile file(row.content);
-        const auto replaced = [&file](std::string text, const std::string& from, const std::string& to) {
+        const auto replaced = [](std::string text, const std::string& from, const std::string& to) {
             for (std::size_t at = text.find(from); at != std::string::npos;
                  at = text.find(from, at + to.size()))
                 text.replace(at, from.size(), to);

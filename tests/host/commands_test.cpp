@@ -43,7 +43,7 @@ TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
         {{"rem"}, &remote, "missing command: show"},  // one word alone fits better than a part of two
         {{"a"}, nullptr, "command 'a' is ambiguous: add, append"},
         {{"ddd", "--help", "--bogus"}, nullptr, "unknown command 'ddd'; did you mean 'add'?"},
-        {{"remvoe"}, nullptr, "unknown command 'remvoe'; did you mean 'remove-all' or 'remote'?"},
+        {{"remvoe"}, nullptr, "unknown command 'remvoe'; did you mean 'remove-all'?"},
         {{""}, nullptr, "unknown command ''"},
         {{"-"}, nullptr, "unknown command '-'"},
         {{"add=x"}, nullptr, "unknown command 'add=x'"},
@@ -324,10 +324,10 @@ TEST(Effective, namesTheOriginOfEachLine) {
     EXPECT_EQ(parser.effective(parser.parse({"--toggle"}, {{"COUNT", "2"}}).result()),
               "# COUNT\n--count\n--count\n# the default\n--list=1,2\n# s.conf:2\n--text=a\n# argument "
               "1\n--toggle\n");
-    EXPECT_EQ(
-        parser.effective(parser.parse({"--text=a\nb", "--text=c"}, {}).result()),
-        "# the default\n--list=1,2\n# argument 2\n# --text has a value that no settings can hold\n--text=c\n"
-        "# the default\n--no-toggle\n");
+    EXPECT_EQ(parser.effective(parser.parse({"--text=a\nb", "--text=c"}, {}).result()),
+              "# the default\n--list=1,2\n# argument 1\n# --text has a value that no settings can hold\n"
+              "# argument 2\n--text=c\n"
+              "# the default\n--no-toggle\n");
     EXPECT_EQ(parser.effective(host::Result()), "");
 }
 

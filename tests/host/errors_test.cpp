@@ -149,7 +149,7 @@ TEST(Suggestions, areTheNearestAndNeverFarFetched) {
         {"--ouptut", {"output"}},                                       // swapped neighbours
         {"--format", {"input-format"}},                                 // a word is left out
         {"--inptu-f", {"input-file", "input-format", "input-filter"}},  // three at most
-        {"--input-feild", {"input-field", "input-file", "input-filter"}},
+        {"--input-feild", {"input-field"}},
         {"--frobincat", {"frobnicate"}},
         {"--secert", {}},
         {"--oldre", {}},

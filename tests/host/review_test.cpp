@@ -106,6 +106,25 @@ TEST(Review, whatNobodyCouldTypeIsRefused) {
     EXPECT_THROW(parser.add<int>("y", "").range(1, 5).allow(9), host::RegistrationError);
 }
 
+TEST(Review, suggestionsAreNotFarFetched) {
+    host::Parser parser("tool");
+    for (const char* name : {"output-dir", "input-dir", "output-format", "dry-run", "log-level", "log-file"})
+        parser.add<int>(name, "");
+    const struct {
+        const char* typed;
+        std::vector<std::string> candidates;
+    } rows[] = {
+        {"--dir", {"output-dir", "input-dir"}},
+        {"--in-put-dir", {"input-dir"}},
+        {"--l-x", {}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(parser.parse({row.typed}).error().candidates, row.candidates) << row.typed;
+    host::Parser outer("tool");
+    outer.command("add,create", "");
+    EXPECT_EQ(outer.parse({"crate"}).error().text(), "unknown command 'crate'; did you mean 'create'?");
+}
+
 TEST(Review, aCheckDeclaresNothing) {
     host::Parser parser("tool");
     const auto size = parser.add<int>("size", "");
