@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
     const auto verbose = parser.addSwitch("verbose", "Say what is done.").key();
     const auto inputs = parser.addPositional<std::string>("input", "Files to read.").atLeast(0).key();
 
-    // Ends the process on a mistake (exit code 2), for --help and for --version.
+    // Ends the process on a mistake (exit code 2), and for --help.
     const host::Result result = parser.parseOrExit(argc, argv);
 
     std::printf("level %d, to %s\n", result[level], result[output].c_str());
