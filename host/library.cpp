@@ -50,18 +50,17 @@ tamsu2::qel_variant_type_t libraryType(What what) {
     return what == What::option ? tamsu2::qel_string : tamsu2::qel_empty;
 }
 
-/// While it lives, the library's events are answers.
-class Asking {
+/// While it lives, the library's events are for this one.
+template <class T>
+class Hearing {
 public:
-    Asking(std::vector<Meaning>*& place, std::vector<Meaning>& meanings) : answers(place) {
-        answers = &meanings;
-    }
-    Asking(const Asking&) = delete;
-    Asking& operator=(const Asking&) = delete;
-    ~Asking() { answers = nullptr; }
+    Hearing(T*& place, T& hearer) : heard(place) { heard = &hearer; }
+    Hearing(const Hearing&) = delete;
+    Hearing& operator=(const Hearing&) = delete;
+    ~Hearing() { heard = nullptr; }
 
 private:
-    std::vector<Meaning>*& answers;
+    T*& heard;
 };
 
 }  // namespace
@@ -146,7 +145,7 @@ std::vector<Meaning> Library::ask(const std::vector<std::string>& names) {
         argv[2 * i + 1] = const_cast<char*>(names[i].c_str());  // the library only reads
         argv[2 * i + 2] = const_cast<char*>(filler);
     }
-    const Asking asking(answers, meanings);
+    const Hearing<std::vector<Meaning>> hearing(answers, meanings);
     for (answered = 0; answered < names.size();) {
         char** rest = argv.data() + 2 * answered;
         const int code = parser->parseArgsVector(static_cast<int>(argv.size() - 2 * answered), rest, nullptr);
@@ -179,12 +178,11 @@ void Library::read(const std::vector<LibraryArgument>& arguments, Reader& reader
     IParseResult* made = nullptr;
     if (parser->createResult(&made) != 0) throw std::bad_alloc();
     const std::unique_ptr<IParseResult, Destroy> result(made);
-    listener = &reader;
+    const Hearing<Reader> hearing(listener, reader);
     heard.clear();
     thrown = nullptr;
     const int code = parser->parseArgsVector(static_cast<int>(argv.size()), argv.data(), made);
     if (code == 0 && !thrown) readOccurrences(*made);
-    listener = nullptr;
     if (thrown) std::rethrow_exception(std::exchange(thrown, nullptr));
     if (code > 2) throw std::bad_alloc();
     if (code != 0) throw std::logic_error(std::string("vorn: ") + parser->getErrorDesc());
