@@ -60,9 +60,10 @@ void NameSearch::find(std::string_view typed, const std::vector<RegisteredName>&
 
 void NameSearch::search(Query& query) {
     for (const WordTree& tree : trees) {
-        tree.find(query.typed, matches);
-        for (const WordTree::Match& match : matches)
-            query.add(match.place, match.shortened);
+        for (const WordTree::Match& match : tree.find(query.typed, matches)) {
+            for (const unsigned number : tree.namesAt(match))
+                query.add(number, match.shortened);
+        }
     }
     const bool beginsWithWord = !isWordEnd(query.typed, 0);
     for (auto number = static_cast<unsigned>(namesInTrees); number < query.names.size(); ++number) {

@@ -4,21 +4,19 @@
 
 namespace vorn_3_1::internal {
 
-namespace {
-
-std::string_view firstWordOf(std::string_view text) { return text.substr(0, text.find(endOfWord)); }
-
-}  // namespace
-
 // The number orders words like their bytes do; behind a short word it has zeros.
-WordTree::Word::Word(std::string_view word) : text(word) {
-    for (std::size_t i = 0; i < sizeof start; ++i)
-        start = start << 8 | (i < word.size() ? static_cast<unsigned char>(word[i]) : 0U);
+WordTree::Word::Word(std::string_view name) {
+    std::size_t length = 0;
+    for (; length < name.size() && name[length] != endOfWord; ++length) {
+        if (length < sizeof start)
+            start |= std::uint32_t{static_cast<unsigned char>(name[length])} << (24 - 8 * length);
+    }
+    text = name.substr(0, length);
 }
 
 struct WordTree::NameToRead {
     NameToRead(std::string_view text, unsigned ofNumber)
-        : word(firstWordOf(text)), rest(text.substr(word.text.size())), number(ofNumber) {}
+        : word(text), rest(text.substr(word.text.size())), number(ofNumber) {}
 
     bool isRead() const { return rest.empty(); }
     void readWord() { *this = NameToRead(rest.substr(1), number); }
@@ -60,32 +58,32 @@ void WordTree::addChildren(unsigned parent, std::vector<NameToRead>& names) {
     nodes[parent].behindChildren = static_cast<unsigned>(nodes.size());
 }
 
-void WordTree::find(std::string_view typed, std::vector<Match>& matches) const {
-    matches.assign(1, {0, 0});
+std::span<const WordTree::Match> WordTree::find(std::string_view typed, std::vector<Match>& memory) const {
+    memory.assign(1, {0, 0});
     std::size_t first = 0;  // of those that match all words so far
-    for (bool isLast = false; !isLast && first < matches.size();) {
-        const Word word(firstWordOf(typed));
+    for (bool isLast = false; !isLast && first < memory.size();) {
+        const Word word(typed);
         isLast = word.text.size() == typed.size();
         typed.remove_prefix(word.text.size() + (isLast ? 0 : 1));
-        for (const std::size_t behind = matches.size(); first < behind; ++first) {
-            const auto [place, shortened] = matches[first];
-            const Node* const end = &nodes[0] + nodes[place].behindChildren;
+        for (const std::size_t behind = memory.size(); first < behind; ++first) {
+            const auto [parent, shortened] = memory[first];
+            const Node* const end = nodes.data() + nodes[parent].behindChildren;
             const Node* child =
-                std::lower_bound(&nodes[0] + nodes[place].firstChild, end, word,
+                std::lower_bound(nodes.data() + nodes[parent].firstChild, end, word,
                                  [](const Node& node, const Word& other) { return node.word < other; });
             for (; child != end && child->word.text.starts_with(word.text); ++child) {
                 const bool isWhole = child->word.text.size() == word.text.size();
-                matches.push_back({static_cast<unsigned>(child - &nodes[0]), shortened + (isWhole ? 0 : 1)});
+                memory.push_back(
+                    {static_cast<unsigned>(child - nodes.data()), shortened + (isWhole ? 0 : 1)});
             }
         }
     }
-    const std::size_t behind = matches.size();
-    for (; first < behind; ++first) {
-        const auto [place, shortened] = matches[first];
-        for (unsigned name = nodes[place].firstName; name < nodes[place].behindNames; ++name)
-            matches.push_back({ends[name], shortened});
-    }
-    matches.erase(matches.begin(), matches.begin() + static_cast<std::ptrdiff_t>(behind));
+    return std::span(memory).subspan(first);
+}
+
+std::span<const unsigned> WordTree::namesAt(const Match& match) const {
+    const Node& node = nodes[match.node];
+    return std::span(ends).subspan(node.firstName, node.behindNames - node.firstName);
 }
 
 }  // namespace vorn_3_1::internal

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -17,9 +18,8 @@ constexpr char endOfWord = '-';
 /// by level in one array: it is made and searched by walking along, and its depth does not matter.
 class WordTree {
 public:
-    /// A node on the way; at the end, a name.
     struct Match {
-        unsigned place;      // of the node; of the name in the index
+        unsigned node;
         unsigned shortened;  // how many words
     };
 
@@ -28,14 +28,18 @@ public:
 
     std::size_t size() const { return ends.size(); }
 
-    /// Sets `matches` to the names with as many words as the typed one, all of which begin with the typed words.
-    void find(std::string_view typed, std::vector<Match>& matches) const;
+    /// Where names may end that have as many words as the typed one, all of which begin with the typed words. Kept in
+    /// `memory`.
+    std::span<const Match> find(std::string_view typed, std::vector<Match>& memory) const;
+
+    /// The names that end there, by their numbers in the index.
+    std::span<const unsigned> namesAt(const Match& match) const;
 
 private:
-    // A word with its first characters as a number, which nearly always decide a comparison.
+    // A name's first word, with its first characters as a number, which nearly always decide a comparison.
     struct Word {
         Word() = default;
-        explicit Word(std::string_view word);
+        explicit Word(std::string_view name);
         bool operator<(const Word& other) const {
             return start != other.start ? start < other.start : text < other.text;
         }
