@@ -34,14 +34,17 @@ std::string_view argumentOn(std::string_view line, const std::ctype<char>& chara
     return line;
 }
 
-void appendLines(internal::ArgumentList& args, std::string_view text) {
+// Puts a NUL behind each argument.
+void appendLines(internal::ArgumentList& args, std::string& text) {
     const std::locale locale;  // the global one of the moment
     const auto& characters = std::use_facet<std::ctype<char>>(locale);
-    while (!text.empty()) {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        const std::string_view argument = argumentOn(line, characters);
-        if (!argument.empty()) args.append(argument);
-        text.remove_prefix(std::min(line.size() + 1, text.size()));
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        const std::string_view argument = argumentOn({text.data() + start, end - start}, characters);
+        start = end + 1;
+        if (argument.empty()) continue;
+        args.append(argument);
+        text[static_cast<std::size_t>(argument.data() + argument.size() - text.data())] = '\0';
     }
 }
 
@@ -51,7 +54,8 @@ void appendLines(internal::ArgumentList& args, std::string_view text) {
 int BasicParser::parseStream(const char* text, IParseResult* result) {
     try {
         internal::ArgumentList args;
-        appendLines(args, MORA_2_10::strings::tm2::to_ustring(text == nullptr ? "" : text));
+        std::string lines = MORA_2_10::strings::tm2::to_ustring(text == nullptr ? "" : text);
+        appendLines(args, lines);
         return parseVector(args, result);
     } catch (const std::exception&) {
         return internal::exceptionCaught;

@@ -21,6 +21,7 @@
 #include "recognisers/positional_options_parser.h"
 #include "result/parse_result.h"
 #include "text/joined_text.h"
+#include "text/text_arena.h"
 
 namespace vorn_3_1 {
 
@@ -34,11 +35,14 @@ constexpr std::string_view logSwitch = "vornoption=vornlogenable=1";
 // Every result that a host has was made by createResult.
 ParseResult* implementationOf(IParseResult* result) { return static_cast<ParseResult*>(result); }
 
-// The first element of argv is the host's own name. False when there is a null among the others.
-bool takeOver(ArgumentList& args, int argc, char** argv) {
+// The first element of argv is the host's own name. False when there is a null among the others. The texts are copied
+// for hosts that may change theirs while they are parsed.
+bool takeOver(ArgumentList& args, int argc, char** argv, TextArena* copies) {
+    if (argv == nullptr) return false;
+    args.reserve(static_cast<std::size_t>(argc));
     for (int i = 1; i < argc; ++i) {
-        if (argv == nullptr || argv[i] == nullptr) return false;
-        args.append(argv[i]);
+        if (argv[i] == nullptr) return false;
+        args.append(copies == nullptr ? argv[i] : copies->copy(argv[i]));
     }
     return true;
 }
@@ -72,7 +76,8 @@ int BasicParser::parseArgsVector(int argc, char** argv, IParseResult* result) {
     if (argc < 2) return 0;
     try {
         ArgumentList args;
-        if (!takeOver(args, argc, argv)) return exceptionCaught;
+        TextArena copies;
+        if (!takeOver(args, argc, argv, handlers.empty() ? nullptr : &copies)) return exceptionCaught;
         return parseVector(args, result);
     } catch (const std::exception&) {
         return exceptionCaught;

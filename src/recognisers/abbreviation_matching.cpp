@@ -75,6 +75,7 @@ void AbbreviationParser::findBest(const OptionIndex& index) {
     }
     const std::vector<RegisteredName>& names = index.names();
     search.find(token.name, names, bestMatches);
+    if (bestMatches.size() < 2) return;
     // In order of registration, each switch's name before its "no-" form.
     std::ranges::sort(bestMatches, {}, [&names](const NameMatch& match) {
         return std::tuple(names[match.name].option, match.name, match.negated);

@@ -165,7 +165,7 @@ void ParseResult::setContents(Entry& entry, Contents& now) noexcept {
     ++now.sharers;
 }
 
-// Nodes for one occurrence. The texts are copied, since the argument list gives its own back; typed values are moved.
+// Nodes for one occurrence. The texts are copied, since arguments are good for one parse only; typed values are moved.
 ParseResult::History ParseResult::prepare(OptionData& data) {
     History prepared;
     prepared.occurrences.link(occurrences.add(data.position, nullptr));

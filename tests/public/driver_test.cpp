@@ -131,6 +131,20 @@ TEST(Driver, aNullResultMakesARehearsal) {
     EXPECT_EQ(cli.parser->parseStream("-n\n5", nullptr), 0);
 }
 
+TEST(Driver, whatAHandlerDoesToTheHostsArgumentsComesTooLate) {
+    const Cli cli(unknownIsError);
+    cli.option("n")->positional();
+    char first[] = "-n=1";
+    char second[] = "2";
+    char* argv[] = {first, first, second, nullptr};
+    std::string events;
+    Recorder handler(events);
+    handler.atOption = [&] { first[3] = second[0] = 'x', argv[2] = nullptr; };
+    cli.parser->addHandler(&handler);
+    EXPECT_EQ(cli.outcome(cli.parser->parseArgsVector(3, argv, cli.result)), "0");
+    EXPECT_EQ(events, ":n :n=1 :n :n=2 ");
+}
+
 TEST(Driver, exceptionsOfHandlersEndTheParse) {
     const auto fail = []() -> bool { throw std::runtime_error("from a handler"); };
     for (const char event : {'o', 'v', 'u'}) {
