@@ -64,7 +64,7 @@ Result Parser::parseOrExit(int argc, const char* const* argv) {
 }
 
 void Parser::fail(Text text) const {
-    warn(table->root(), std::string(text));
+    warn(table->root(), detail::escaped(text));
     const detail::NameMeaning* help = table->find("help");
     if (help != nullptr && table->records[help->index].isBuiltIn()) {
         std::fputs(detail::joined({"Try '", detail::escaped(table->path()), " --help'.\n"}).c_str(), stderr);

@@ -34,7 +34,7 @@ const HashKey& hashKey();
 inline std::uint32_t hashOf(std::string_view text) {
     const HashKey key = hashKey();
     const auto read = [](const char* from) {
-        std::uint32_t word;
+        std::uint32_t word = 0;
         std::memcpy(&word, from, sizeof word);
         return word;
     };
