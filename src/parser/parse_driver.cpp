@@ -55,10 +55,10 @@ public:
 
     /// The one with the highest priority among those that take the front argument, or null.
     IArgumentParser* choose(const ArgumentList& args, const RegisteredOptionStorage& storage) {
-        // Both are asked, in this order: their log lines are what hosts know. The recogniser of names has the higher
-        // priority.
+        // Both are asked, in this order: their log lines are what hosts know.
         IArgumentParser* chosen = positional.recognize(args, storage, message) == 0 ? &positional : nullptr;
-        return abbreviation.recognize(args, storage, message) == 0 ? &abbreviation : chosen;
+        if (abbreviation.recognize(args, storage, message) != 0) return chosen;
+        return abbreviation.getPriority() > positional.getPriority() ? &abbreviation : chosen;
     }
 
 private:

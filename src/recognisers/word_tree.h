@@ -24,7 +24,7 @@ public:
     };
 
     /// Of the names from `first` on.
-    WordTree(const std::vector<RegisteredName>& names, std::size_t first);
+    WordTree(const std::vector<RegisteredName>& registered, std::size_t first);
 
     std::size_t size() const { return ends.size(); }
 
