@@ -40,6 +40,15 @@ void operator delete(void* block) noexcept {
 
 void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
 
+// Arenas of the standard library ask with an alignment. Every block here has the largest that a type has by itself.
+void* operator new(std::size_t bytes, std::align_val_t alignment) {
+    if (static_cast<std::size_t>(alignment) > headBytes) std::abort();
+    return operator new(bytes);
+}
+
+void operator delete(void* block, std::align_val_t) noexcept { operator delete(block); }
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept { operator delete(block); }
+
 // Ends in the others as well, but not with the address checks, whose own one does not.
 void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
     try {
