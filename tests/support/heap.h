@@ -15,7 +15,9 @@ static struct {
     std::size_t live = 0;  // bytes
 } memory;
 
-constexpr std::size_t headBytes = alignof(std::max_align_t);
+// The largest alignment of any type in the build of the standard library; another compiler's own may be less.
+constexpr std::size_t headBytes = 16;
+static_assert(headBytes >= alignof(std::max_align_t));
 
 // All other forms end in these. Every block begins with its size.
 void* operator new(std::size_t bytes) {
@@ -40,7 +42,7 @@ void operator delete(void* block) noexcept {
 
 void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
 
-// Arenas of the standard library ask with an alignment. Every block here has the largest that a type has by itself.
+// Arenas of the standard library ask with an alignment. Every block here is aligned as malloc aligns.
 void* operator new(std::size_t bytes, std::align_val_t alignment) {
     if (static_cast<std::size_t>(alignment) > headBytes) std::abort();
     return operator new(bytes);
