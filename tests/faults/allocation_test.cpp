@@ -109,7 +109,7 @@ public:
                       asVector ? "thrown by the default step" : "3"});
             }
         }
-        const std::string unread = "--unsigned=" + std::string(1000000, 'x');
+        const std::string unread = "--unsigned=" + std::string(10000, 'x');
         parser->parseStream(unread.c_str(), result = nullptr);
         step([&] { return std::string(armed([&] { return parser->getErrorDesc(); })); }, {""});
     }
