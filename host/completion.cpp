@@ -6,15 +6,12 @@
 #include "library.h"
 #include "parse.h"
 #include "shown_text.h"
+#include "text_parts.h"
 #include "walk.h"
 
 namespace vorn_3_1::host::detail {
 
 namespace {
-
-bool beginsWith(std::string_view text, std::string_view beginning) {
-    return text.substr(0, beginning.size()) == beginning;
-}
 
 /// A shell cannot list it, and a terminal might obey it.
 bool isShowable(std::string_view text) {
@@ -224,9 +221,7 @@ private:
     void completeCommand() {
         std::vector<std::pair<std::string, const Table*>> forms;
         for (const std::unique_ptr<Table>& command : table->commands) {
-            Record named;
-            named.names = command->names;
-            for (std::string& name : named.allNames())
+            for (std::string& name : piecesOf(command->names, ','))
                 forms.emplace_back(std::move(name), command.get());
         }
         std::vector<unsigned> numbers;

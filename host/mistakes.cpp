@@ -4,6 +4,7 @@
 
 #include "shown_text.h"
 #include "suggestions.h"
+#include "text_parts.h"
 
 namespace vorn_3_1::host::detail {
 
@@ -59,19 +60,15 @@ void appendNames(const Table& table, bool onlyGlobal, bool withOffForms, std::ve
 
 std::vector<std::string> allCommandNames(const Table& table) {
     std::vector<std::string> all;
-    for (const auto& command : table.commands) {
-        Record named;
-        named.names = command->names;
-        for (std::string& name : named.allNames())
-            all.push_back(std::move(name));
-    }
+    for (const auto& command : table.commands)
+        forEachPiece(command->names, ',', [&all](std::string_view name) { all.emplace_back(name); });
     return all;
 }
 
 std::vector<std::string> commandNames(const Table& table) {
     std::vector<std::string> names;
     for (const auto& command : table.commands)
-        names.push_back(command->names.substr(0, command->names.find(',')));
+        names.emplace_back(command->firstName());
     return names;
 }
 
@@ -120,7 +117,7 @@ Error needsValue(const Record& record) {
 }
 
 Error needsValueThatLooksLikeOption(const Record& record, std::string_view next) {
-    const std::string behindSign = quoted(joined({record.shownName(), "=", next}));
+    const std::string behindSign = quoted(joined({record.shownName(), "=", record.isSecret ? "-***" : next}));
     return mistakeOf(
         record, Kind::missingValue,
         joined({named(record), " needs a value; for one that begins with '-', write ", behindSign}));
@@ -132,20 +129,6 @@ Error emptyValue(const Record& record, std::string_view typed) {
 
 Error takesNoValue(const Record& record) {
     return mistakeOf(record, Kind::unexpectedValue, named(record) + " takes no value");
-}
-
-Error emptyItem(const Record& record, std::string_view value) {
-    Error error = mistakeOf(record, Kind::emptyItem, quoted(value) + " has an empty item");
-    error.value = value;
-    return error;
-}
-
-Error neitherOnNorOff(const Record& record, std::string_view value) {
-    Error error =
-        mistakeOf(record, Kind::invalidValue,
-                  joined({quoted(value), " is neither yes nor no, which ", named(record), " takes"}));
-    error.value = value;
-    return error;
 }
 
 Error onlyOnCommandLine(const Record& record) {

@@ -25,8 +25,6 @@ Error needsValue(const Record& record);
 Error needsValueThatLooksLikeOption(const Record& record, std::string_view next);
 Error emptyValue(const Record& record, std::string_view typed);
 Error takesNoValue(const Record& record);
-Error emptyItem(const Record& record, std::string_view value);
-Error neitherOnNorOff(const Record& record, std::string_view value);
 Error onlyOnCommandLine(const Record& record);
 Error noOptionInSettings(std::string_view argument);
 Error unexpectedArgument(std::string_view argument);

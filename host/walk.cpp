@@ -5,6 +5,7 @@
 
 #include "shown_text.h"
 #include "sources.h"
+#include "text_parts.h"
 #include "vorn/host/type.h"
 
 namespace vorn_3_1::host::detail {
@@ -12,12 +13,6 @@ namespace vorn_3_1::host::detail {
 namespace {
 
 constexpr std::string_view terminator = "--";
-
-bool isLetterOrDigit(char character) {
-    const auto byte = static_cast<unsigned char>(character);
-    return byte >= 0x80 || (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
-           (byte >= 'a' && byte <= 'z');
-}
 
 /// Whether the argument could be an option's; a single hyphen is a word like any other.
 bool isWord(std::string_view argument) {

@@ -1,5 +1,6 @@
 // Commands, nested and shortened, and the layers that options come from.
 #include "host/fixture.h"
+#include "vorn/host/help.h"
 
 namespace {
 
@@ -80,6 +81,70 @@ TEST_F(Commands, takeGlobalOptionsOnEitherSide) {
     EXPECT_THROW((void)result[text], std::logic_error);  // of a command that was not chosen
     EXPECT_THROW((void)result[priority], std::logic_error);
     EXPECT_EQ(parser.parse({"add", "x"}).result()[priority], 3);
+}
+
+TEST(CommandRules, mayNeedWhatTheOuterParserHas) {
+    host::Parser parser("tool");
+    const auto user = parser.add<std::string>("user", "").global().key();
+    const auto sure = parser.addSwitch("sure", "").key();
+    host::Parser& outer = parser.command("remote", "");
+    host::Parser& command = outer.command("push", "");
+    command.addFlag("force", "").needs(user).needs(sure);
+    const struct {
+        Texts typed;
+        const char* text;
+    } rows[] = {
+        {{"remote", "push"}, ""},
+        {{"--sure", "remote", "push", "--force", "--user=x"}, ""},
+        {{"--no-sure", "--user=x", "remote", "push", "--force"}, "'--force' needs '--sure' as well"},
+        {{"remote", "push", "--force", "--user="},
+         "'--user=' has no value\n'--force' needs '--sure' as well"},  // it is not missing as well
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(said(parser.parse(row.typed)), row.text) << joined(row.typed);
+    EXPECT_NE(command.help().find("(needs --user, --sure)"), std::string::npos);
+    EXPECT_EQ(thrownBy<host::RegistrationError>(
+                  [&] { parser.addFlag("x", "").needs(outer.addFlag("y", "").key()); }),
+              "'x' needs another option: the key belongs to another parser; use keys of this one or of an "
+              "outer one");
+}
+
+TEST(Secrets, areNotShownByAnybody) {
+    host::Parser parser("tool");
+    const auto token =
+        parser.add<std::string>("token,t", "Who you are.")
+            .defaultTo("hush")
+            .environment("TOKEN")
+            .secret()
+            .check([](const std::string& text) { return std::string(text == "old" ? "expired" : ""); })
+            .key();
+    (void)parser.add<int>("pins", "").list(',').secret().environment("PINS");
+    const std::vector<host::Variable> environment = {{"TOKEN", "hush"}, {"PINS", "12,34"}};
+    host::HelpStyle style;
+    style.environment = environment;
+    EXPECT_EQ(parser.help(style),
+              "Usage: tool [OPTION...]\n\nOptions:\n"
+              "  -t, --token TEXT  Who you are. (environment: TOKEN)\n"
+              "      --pins N,...  (can be repeated; environment: PINS)\n"
+              "  -h, --help        Show this help and exit.\n");
+    EXPECT_TRUE(parser.options(environment)[0].isSecret);
+    EXPECT_TRUE(parser.options(environment)[0].defaults.empty());
+    const host::Outcome outcome = parser.parse({}, environment);
+    EXPECT_EQ(outcome.result()[token], "hush");
+    EXPECT_EQ(parser.effective(outcome.result()),
+              "# TOKEN\n# --token is secret\n# PINS\n# --pins is secret\n");
+    const struct {
+        Texts typed;
+        const char* text;
+    } rows[] = {
+        {{"-t", "old"}, "'***' is refused for '--token': expired"},
+        {{"--token", "-old"}, "'--token' needs a value; for one that begins with '-', write '--token=-***'"},
+        {{"--pins=1,old"}, "'***' is not a whole number, which '--pins' takes"},
+        {{"--pins=1,"}, "'***' has an empty item"},
+        {{"--pins=99999999999"}, "'***' is too large for '--pins': at most 2147483647"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(parser.parse(row.typed).error().text(), row.text);
 }
 
 TEST_F(Commands, mayReadJoinedLettersOrDropTheUnknownAlone) {

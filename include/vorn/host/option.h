@@ -70,6 +70,7 @@ public:
     void addNeed(AnyKey other) const;
     void setGlobal() const;
     void setOnlyOnCommandLine() const;
+    void setSecret() const;
     void setCompletion(Completion kind) const;
     void setOffer(Owned<Offer> offer) const;
 
@@ -268,7 +269,7 @@ public:
         return *this;
     }
 
-    /// Whoever gives it has to give the other one, too.
+    /// Whoever gives it has to give the other one, too, which may be an outer parser's.
     Option needs(AnyKey other) const {
         declaration.addNeed(other);
         return *this;
@@ -277,6 +278,13 @@ public:
     /// Is refused in settings, and left out of Parser::effective: --show-settings, --force.
     Option onlyOnCommandLine() const {
         declaration.setOnlyOnCommandLine();
+        return *this;
+    }
+
+    /// Help, messages and Parser::effective do not show its value: a password, a token.
+    Option secret() const {
+        static_assert(hasValue, "a switch or a flag takes no value");
+        declaration.setSecret();
         return *this;
     }
 
