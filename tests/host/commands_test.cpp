@@ -22,7 +22,11 @@ struct Commands : testing::Test {
     host::Parser& show = remote.command("show", "");
     host::Key<std::vector<std::string>> names = show.addPositional<std::string>("name", "").atLeast(0).key();
     host::Key<bool> verbose = remote.addFlag("verbose", "").global().key();
-    Commands() { remove.exclusive({force, quick}); }
+    Commands() {
+        remove.exclusive({force, quick});
+        remote.addFlag("depth", "");
+        show.addFlag("depth", "");
+    }
 };
 
 TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
@@ -51,8 +55,18 @@ TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
         {{"add"}, &add, "missing argument: TEXT"},
         {{"remove-all"}, &remove, "missing option: --why TEXT"},
         {{"remove-all", "--why=x", "-f", "-q"}, &remove, "'--force' and '--quick' exclude each other"},
-        {{"add", "--dry", "x"}, &add, "unknown option '--dry'"},
-        {{"--why=x", "add", "x"}, &add, "unknown option '--why'"},
+        {{"add", "--dry", "x"}, &add, "unknown option '--dry'; write it in front of the command 'add'"},
+        {{"--why=x", "add", "x"}, &add, "unknown option '--why'; write it behind the command 'remove-all'"},
+        {{"--quick", "--name", "add", "x"},
+         &add,
+         "unknown option '--quick'; write it behind the command 'remove-all'\nunknown option '--name'"},
+        {{"--no-force", "--depth", "add", "x"},
+         &add,
+         "unknown option '--no-force'; write it behind the command 'remove-all'\n"
+         "unknown option '--depth'; write it behind the command 'remote' or 'remote show'"},
+        {{"remote", "show", "--dry", "--wyh", "--depth"},
+         &show,
+         "unknown option '--dry'; write it in front of the command 'remote'\nunknown option '--wyh'"},
         {{"remove-all", "--why=x", "y"}, &remove, "unexpected argument 'y'"},
         {{"--bogus", "add", "--bogus2", "x"}, &add, "unknown option '--bogus'\nunknown option '--bogus2'"},
     };
@@ -81,6 +95,37 @@ TEST_F(Commands, takeGlobalOptionsOnEitherSide) {
     EXPECT_THROW((void)result[text], std::logic_error);  // of a command that was not chosen
     EXPECT_THROW((void)result[priority], std::logic_error);
     EXPECT_EQ(parser.parse({"add", "x"}).result()[priority], 3);
+}
+
+TEST_F(Commands, areExplainedByTheWordHelp) {
+    const struct {
+        Texts typed;
+        const host::Parser* asked;
+        const char* text;  // if it is not help
+    } rows[] = {
+        {{"help"}, &parser, ""},
+        {{"help", "add"}, &add, ""},
+        {{"help", "rem", "sh", "what", "--ever"}, &show, ""},
+        {{"remote", "help", "show"}, &show, ""},
+        {{"--dry", "help", "--colour", "remote"}, &remote, ""},
+        {{"help", "--help"}, &parser, ""},
+        {{"help", "remvoe"}, nullptr, "unknown command 'remvoe'; did you mean 'remove-all'?"},
+        {{"help", "remote", "help"}, nullptr, "unknown command 'help'"},
+        {{"hel"}, nullptr, "unknown command 'hel'"},
+        {{"add", "help"}, nullptr, ""},  // an argument like any other
+    };
+    for (const auto& row : rows) {
+        const host::Outcome outcome = parser.parse(row.typed);
+        const bool isHelp = outcome.asked == host::Outcome::Asked::help;
+        EXPECT_EQ(isHelp, row.asked != nullptr) << joined(row.typed);
+        EXPECT_EQ(outcome.askedParser, row.asked) << joined(row.typed);
+        if (!isHelp) {
+            EXPECT_EQ(said(outcome), row.text);
+        }
+    }
+    EXPECT_EQ(parser.parse({"--help", "help", "add"}).askedParser, &parser);
+    host::Parser& own = parser.command("helpers", "");
+    EXPECT_EQ(parser.parse({"help"}).result().command(), &own);  // shortened
 }
 
 TEST(CommandRules, mayNeedWhatTheOuterParserHas) {
@@ -254,6 +299,17 @@ TEST_F(Layers, replaceThoseBelow) {
          {},
          {},
          "a.conf:12: unknown option '--cuont'; did you mean '--count'?",
+         nullptr},
+        {{"n=3\n-n 3\n--list: 1\n toggle = no\ntoggle=yes\nflag\n--n\n5\n--list"},
+         {},
+         {},
+         "a.conf:1: 'n=3' is no option, and settings hold nothing else; write '-n=3'\n"
+         "a.conf:2: unknown option '-n 3'; write '-n=3'\n"
+         "a.conf:3: unknown option '--list: 1'; write '--list=1'\n"
+         "a.conf:4: 'toggle = no' is no option, and settings hold nothing else; write '--no-toggle'\n"
+         "a.conf:5: 'toggle=yes' is no option, and settings hold nothing else; write '--toggle'\n"
+         "a.conf:6: 'flag' is no option, and settings hold nothing else; write '--flag'\n"
+         "a.conf:9: '--list' needs a value",
          nullptr},
         {{"word\n--help\n--\n--n"},
          {},

@@ -95,9 +95,19 @@ template <class F>
 class OfferOf final : public Offer {
 public:
     explicit OfferOf(F offering) : function(std::move(offering)) {}
-    std::vector<std::string> offers(std::string_view typed) const override { return function(typed); }
+    bool wantsResult() const override { return !isSimple; }
+    std::vector<std::string> offers(std::string_view typed,
+                                    [[maybe_unused]] const Result& before) const override {
+        if constexpr (isSimple) {
+            return function(typed);
+        } else {
+            return function(typed, before);
+        }
+    }
 
 private:
+    static constexpr bool isSimple = std::is_invocable_v<const F&, std::string_view>;
+
     F function;
 };
 
@@ -296,12 +306,15 @@ public:
     }
 
     /// What completion offers for the value, if the type does not say it: files, folders, or what
-    /// `function(std::string_view typed)` returns, a std::vector<std::string>.
+    /// `function(std::string_view typed)` returns, a std::vector<std::string>. `function(std::string_view typed, const
+    /// Result& before)` also sees what the words in front say, mistakes left out.
     Option completes(Completion kind) const {
         declaration.setCompletion(kind);
         return *this;
     }
-    template <class F, class = std::enable_if_t<std::is_invocable_v<const F&, std::string_view>>>
+    template <class F,
+              class = std::enable_if_t<std::is_invocable_v<const F&, std::string_view> ||
+                                       std::is_invocable_v<const F&, std::string_view, const Result&>>>
     Option completes(F function) const {
         declaration.setOffer(detail::Owned<detail::Offer>(new detail::OfferOf<F>(std::move(function))));
         return *this;
