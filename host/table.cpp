@@ -28,8 +28,9 @@ const char* faultOf(std::string_view name) {
     if (name.front() == '-') return "a name is declared without its hyphens";
     if (std::none_of(name.begin(), name.end(), isLetterOrDigit)) return "a name needs a letter or a digit";
     for (const char character : name) {
-        const bool isBlank = static_cast<unsigned char>(character) <= ' ' || character == 0x7F;
-        if (isBlank || character == '=') return "a name cannot hold '=', blanks or control characters";
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte > '=' && byte != 0x7F) continue;  // a letter, mostly
+        if (byte <= ' ' || byte >= '=') return "a name cannot hold '=', blanks or control characters";
     }
     return nullptr;
 }
