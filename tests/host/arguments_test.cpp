@@ -117,6 +117,7 @@ TEST_F(Arguments, negativeNumbersAreTakenWhereNumbersAreWanted) {
     const Row positional[] = {
         {{"-5", "-.5e1", "-7", "9", "3"}, "7=9 #-5 #-5 #3"},
         {{"-5x"}, "unknown option '-5x'"},
+        {{"-{", "-~"}, "'-{' names no option\n'-~' names no option"},
         {{"--", "-7"}, "#-7"},
     };
     compare(positional,
@@ -156,6 +157,8 @@ TEST_F(Arguments, shortOptionsAreReadLetterByLetterOnRequest) {
         {{"-vD="}, "'-D=' has no value"},
         {{"-vq=1"}, "'--quiet' takes no value"},
         {{"-vz"}, "unknown option '-vz'"},  // all or nothing
+        {{"-v."}, "unknown option '-v.'"},
+        {{"-vl"}, "unknown option '-vl'"},  // the only name that begins with it, but not its name
         {{"--vvq"}, "unknown option '--vvq'"},
         {{"-flag"}, "f"},  // the library finds it
         {{"-vD"}, "'--define' needs a value"},
@@ -163,7 +166,10 @@ TEST_F(Arguments, shortOptionsAreReadLetterByLetterOnRequest) {
         {{"-v7", "3"}, "v1 7=3"},
         {{"--", "-vvq"}, "[-vvq]"},
     };
-    compare(rows, [](host::Parser& parser) { takeTexts(parser.joinedShort()); });
+    compare(rows, [](host::Parser& parser) {
+        parser.addFlag("long", "");
+        takeTexts(parser.joinedShort());
+    });
     const Row withoutRequest[] = {
         {{"-vq"}, "unknown option '-vq'; if '-v' and '-q' are meant, write them apart"},
         {{"-vs4"}, "unknown option '-vs4'; if '-v', '-s' and '4' are meant, write them apart"},
@@ -249,6 +255,14 @@ TEST_F(Arguments, ofResponseFilesStandInThePlaceOfTheName) {
         {{"@", "-D", "@"}, "D=@ [@]"},
     };
     compare(special, prepare);
+    // A pipe is read to its end, and one without an end no further than any sensible list of arguments.
+    for (const bool isEndless : {false, true}) {
+        std::FILE* pipe = popen(isEndless ? "yes" : "echo -v; echo x", "r");
+        const std::string path = "/dev/fd/" + std::to_string(fileno(pipe));
+        EXPECT_EQ(meaning({"@" + path}, prepare),
+                  isEndless ? "cannot read '" + path + "': it is larger than 64 MiB" : "v1 [x]");
+        pclose(pipe);
+    }
 }
 
 TEST_F(Arguments, switchTheLogOnInTheVeryFirstPlaceAlone) {

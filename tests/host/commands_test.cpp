@@ -38,6 +38,7 @@ TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
         {{"r-a", "--why=x"}, &remove, ""},
         {{"remote", "show", "a", "b"}, &show, ""},
         {{"remote", "sh"}, &show, ""},
+        {{"--"}, nullptr, "missing command: add, remove-all, remote, append"},
         {{}, nullptr, "missing command: add, remove-all, remote, append"},
         {{"remote"}, &remote, "missing command: show"},
         {{"rem"}, &remote, "missing command: show"},  // one word alone fits better than a part of two
@@ -184,6 +185,16 @@ TEST_F(Layers, replaceThoseBelow) {
          {},
          "COUNT: '-1' is not a whole number from 0 to 1000, which '--count' takes",
          nullptr},
+        {{},
+         {{"COUNT", "1001"}},
+         {},
+         "COUNT: '1001' is not a whole number from 0 to 1000, which '--count' takes",
+         nullptr},
+        {{},
+         {{"COUNT", "x"}},
+         {},
+         "COUNT: 'x' is not a whole number from 0 to 1000, which '--count' takes",
+         nullptr},
         {{}, {{"LIST", "1,,2"}}, {"--list=1"}, "LIST: '1,,2' has an empty item", nullptr},
         {{"\n\n\n\n\n\n\n\n\n\n\n--cuont"},
          {},
@@ -217,6 +228,13 @@ TEST(Settings, ofFilesMayBeMissingWhereThatIsAllowed) {
     parser.settings("/no/such/file", host::Missing::allowed).settings(file.path);
     EXPECT_EQ(parser.parse({}).result()[n], 5);
     EXPECT_EQ(parser.parse({}).result().origin(n).text(), file.path + ":1");
+    EXPECT_TRUE(parser.settings("/dev/null/file", host::Missing::allowed).parse({}));
+    EXPECT_EQ(thrownBy<std::invalid_argument>([&] { parser.settings(std::string(1, '\0'), "x"); }),
+              "vorn: settings hold a NUL character");
+    const std::string tooLong(5000, 'x');
+    host::Parser other("other");
+    other.settings(tooLong, host::Missing::allowed);
+    EXPECT_NE(said(other.parse({})).find(": File name too long"), std::string::npos);
     parser.settings("/no/such").settings("/dev/zero").settings("/", host::Missing::allowed);
     EXPECT_EQ(said(parser.parse({})),
               "cannot read '/no/such': No such file or directory\n"
@@ -238,6 +256,29 @@ TEST(Settings, ofACommandGoBeforeThoseOfTheOuterParser) {
     EXPECT_EQ(parser.parse({"do"}, {{"LIST", "4"}}).result()[list], std::vector<int>{4});
     EXPECT_EQ(said(parser.parse({"do"}, {{"OWN", "x"}})),
               "OWN: 'x' is not a whole number, which '--own' takes");
+}
+
+TEST(Settings, ofACommandAreReplacedByTheEnvironmentOfTheOuterParser) {
+    host::Parser parser("tool");
+    const auto flag = parser.addFlag("flag", "").global().environment("FLAG").key();
+    const auto count = parser.addCount("count", "").global().environment("COUNT").key();
+    const auto toggle = parser.addSwitch("toggle", "").global().environment("TOGGLE").key();
+    const auto mode = parser.add<int>("mode", "").global().implicit(3).environment("MODE").key();
+    host::Parser& command = parser.command("do", "");
+    command.settings("--flag\n--count\n--toggle\n--mode\n--mode=2", "inner");
+    const host::Outcome plain = parser.parse({"do"});
+    EXPECT_TRUE(plain.result()[flag] && plain.result()[toggle]);
+    EXPECT_EQ(plain.result()[count], 1);
+    EXPECT_EQ(plain.result()[mode], 2);
+    const host::Outcome outcome =
+        parser.parse({"do"}, {{"FLAG", "no"}, {"COUNT", "5"}, {"TOGGLE", "no"}, {"MODE", "7"}});
+    EXPECT_EQ(said(outcome), "");
+    EXPECT_FALSE(outcome.result()[flag] || outcome.result()[toggle]);
+    EXPECT_EQ(outcome.result()[count], 5);
+    EXPECT_EQ(outcome.result()[mode], 7);
+    command.settings("--mode=x", "wrong");  // what is replaced has to be right all the same
+    EXPECT_EQ(said(parser.parse({"do"}, {{"MODE", "7"}})),
+              "wrong:1: 'x' is not a whole number, which '--mode' takes");
 }
 
 /// Options of every kind, as a seed says it, and what of them is in force.
@@ -329,6 +370,39 @@ TEST(Effective, namesTheOriginOfEachLine) {
               "# argument 2\n--text=c\n"
               "# the default\n--no-toggle\n");
     EXPECT_EQ(parser.effective(host::Result()), "");
+}
+
+TEST(Effective, leavesOutWhatIsNotInForceOrNobodyCouldSet) {
+    enum class Mode { fast, safe };
+    host::Parser parser("tool");
+    (void)parser.add<Mode>("mode", "")
+        .named({{"fast", Mode::fast}, {"safe", Mode::safe}})
+        .defaultTo(Mode::safe);
+    (void)parser.add<std::string>("empty", "").defaultTo("");
+    parser.add<std::string>("return", "");
+    (void)parser.add<int>("none", "").list(',').defaultTo(std::initializer_list<int>{});
+    (void)parser.add<int>("old", "").defaultTo(1).deprecated("");
+    const auto toggle = parser.addSwitch("toggle", "");
+    const auto flag = parser.addFlag("flag", "");
+    (void)parser.add<int>("needy", "").defaultTo(2).needs(flag.key());
+    parser.addFlag("typed", "").onlyOnCommandLine();
+    parser.exclusive({toggle.key(), flag.key()});
+    parser.settings("--toggle", "low");
+    host::Parser& command = parser.command("do", "");
+    command.addFlag("inner", "");
+    host::Parser& other = parser.command("other", "");
+    (void)other.addPositional<int>("n", "").defaultTo(1);
+    const host::Outcome outcome = parser.parse({"--flag", "--typed", "--return=x\r", "do"});
+    EXPECT_EQ(parser.effective(outcome.result()),
+              "# the default\n--mode=safe\n# the default\n# --empty has a value that no settings can hold\n"
+              "# argument 3\n# --return has a value that no settings can hold\n"
+              "# the default\n# --old=1\n# the default\n# --no-toggle\n# argument 1\n--flag\n"
+              "# the default\n# --needy=2\n");
+    EXPECT_EQ(command.effective(outcome.result()), "");
+    EXPECT_EQ(other.effective(outcome.result()), "");  // it was not chosen
+    EXPECT_EQ(other.effective(parser.parse({"other", "5"}).result()), "");
+    parser.settings("--typed", "more");
+    EXPECT_EQ(said(parser.parse({"do"})), "more:1: '--typed' belongs on the command line");
 }
 
 }  // namespace

@@ -24,6 +24,9 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
         {"'.': a name needs a letter or a digit", [](P p) { p.addFlag(".", ""); }},
         {"'a=b': a name cannot hold '=', blanks or control characters", [](P p) { p.addFlag("a=b", ""); }},
         {"'a\\n': a name cannot hold '=', blanks or control characters", [](P p) { p.addFlag("a\n", ""); }},
+        {"'a\\x7F': a name cannot hold '=', blanks or control characters",
+         [](P p) { p.addFlag("a\x7F", ""); }},
+        {"'{~': a name needs a letter or a digit", [](P p) { p.addFlag("{~", ""); }},
         {"'a\\x00': a name cannot hold '=', blanks or control characters",
          [](P p) { p.addFlag(std::string("a\0", 2), ""); }},
         {"' a': a name cannot hold '=', blanks or control characters", [](P p) { p.addFlag("b, a", ""); }},
@@ -92,6 +95,19 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
              const auto a = p.add<int>("a", "");
              p.exclusive({a.key(), p.addFlag("b", "").key()});
              (void)a.required();
+         }},
+        {"'a': it is required, so that it cannot exclude another one",
+         [](P p) {
+             const auto a = p.addPositional<int>("a", "");
+             const auto b = p.addPositional<int>("b", "").atLeast(0);  // these may be missing
+             const auto c = p.addPositional<int>("c", "").optional();
+             p.exclusive({b.key(), c.key(), p.addFlag("d", "").key()});
+             p.exclusive({a.key(), p.addFlag("e", "").key()});
+         }},
+        {"'a': it is required, so that it cannot exclude another one",
+         [](P p) {
+             const auto a = p.addPositional<int>("a", "").atLeast(1);
+             p.exclusive({a.key(), p.addFlag("b", "").key()});
          }},
         {"a rule for several options: the key belongs to another parser; use keys of this one",
          [](P p) {
@@ -216,7 +232,7 @@ TEST(Contradictions, leaveTheParserAsItWas) {
 TEST(Declarations, mayComeAfterAParse) {
     host::Parser parser("tool");
     host::Parser& command = parser.command("do", "");
-    const auto one = command.addFlag("one", "").synonym("uno");
+    const auto one = command.addFlag(std::string_view("one--").substr(0, 3), "").synonym("uno");
     EXPECT_TRUE(parser.parse({"do", "--uno"}));
     for (const char* name : {"first", "a-name-that-is-longer-than-a-small-string", "third", "fourth"})
         one.synonym(name);
@@ -252,6 +268,11 @@ TEST(Declarations, areNotMadeInTheMiddleOfAParse) {
         {[&] { parser.command("x", ""); }, declaring},
         {[&] { (void)host::Parser("other").parse({}); }, ""},  // another parser may do all it can
         {[] { throw std::logic_error("the host's own"); }, "the host's own"},
+        {[&] {
+             const char* const line[] = {"tool", "--completion", "answer", "fish", "-n", ""};
+             (void)parser.parseOrExit(6, line);
+         },
+         "vorn: the parser is parsing already; a check must not ask the same parser"},
     };
     for (const auto& row : rows) {
         inside = row.inside;
@@ -261,9 +282,35 @@ TEST(Declarations, areNotMadeInTheMiddleOfAParse) {
     }
     inside = [] { throw 5; };
     EXPECT_THROW((void)parser.parse({"-n=1"}), int);
-    EXPECT_EQ(calls, 11);
+    EXPECT_EQ(calls, 13);
     EXPECT_EQ(thrownBy<std::logic_error>([&] { (void)parser.command("c", "").parse({}); }),
               "vorn: a command is parsed by its outermost parser");
+}
+
+TEST(Names, ofGlobalOptionsAreNobodyElses) {
+    const struct {
+        const char* name;
+        bool isSwitch;
+        const char* said;
+    } rows[] = {
+        {"all", false, "'all': the global option 'all' has this name"},
+        {"no-\xC3\xA4", false, "'\xC3\xA4': the global option '\xC3\xA4' has this name"},
+        {"no-all", false, ""},  // a flag has no such form
+        {"own", true, ""},
+    };
+    for (const auto& row : rows) {
+        host::Parser parser("tool");
+        parser.addFlag("all", "").global();
+        parser.addSwitch("\xC3\xA4", "").global();
+        parser.addFlag("own", "");
+        host::Parser& command = parser.command("do", "");
+        if (row.isSwitch) {
+            command.addSwitch(row.name, "");
+        } else {
+            command.addFlag(row.name, "");
+        }
+        EXPECT_EQ(thrownBy<host::RegistrationError>([&] { (void)parser.parse({"do"}); }), row.said);
+    }
 }
 
 TEST(BuiltIns, leaveNamesThatAHostHasTaken) {
