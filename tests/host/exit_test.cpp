@@ -110,6 +110,36 @@ TEST(Exit, tellsHowItWent) {
     unsetenv("VORN_TEST_NEW");
 }
 
+/// A host's object that is there before main, and after all that main made.
+struct Early {
+    host::Parser parser{"early"};
+    host::Key<bool> flag = parser.addFlag("flag", "").key();
+    host::Key<int> count = parser.addCount("count", "").key();
+    host::Key<std::vector<int>> list = parser.add<int>("list", "").list(',').key();
+    host::Outcome outcome = parser.parse({});
+    bool isTried = false;
+
+    ~Early() {
+        if (!isTried) return;
+        const host::Result& first = outcome.result();
+        const bool isRight = !first[flag] && first[count] == 0 && first[list].empty() &&
+                             parser.parse({"--flag", "--list=1"}).result()[list].size() == 1 &&
+                             parser.parse({"--falg"}).error().candidates == Texts{"flag"};
+        _exit(isRight ? 5 : 6);
+    }
+} early;
+
+TEST(Exit, leavesObjectsOfTheHostUsable) {
+    const pid_t child = fork();
+    if (child == 0) {
+        early.isTried = true;
+        std::exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 5) << status;
+}
+
 TEST(Exit, saysThatOutputCannotBeWritten) {
     for (const char* asked : {"--help", "--version"}) {
         EXPECT_EQ(ended({asked}, "/dev/full"),

@@ -117,7 +117,12 @@ TEST(Numbers, areReadAndShownTheSameUnderEveryLocale) {
             EXPECT_EQ(row.reader(row.text), row.meaning) << row.text << ", odd locale: " << isOdd;
         host::Parser parser("tool");
         parser.add<int>("n", "").maximum(1000000);
-        EXPECT_EQ(said(parser.parse({"-n=1000001"})), "'1000001' is too large for '-n': at most 1000000");
+        parser.add<double>("a", "").check([&](double number) {
+            if (number > 1) std::locale::global(std::locale(before, new Odd));  // in the middle of a parse
+            return std::string();
+        });
+        EXPECT_EQ(said(parser.parse({"-a=1.5", "-n=1000001", "-a=0.5"})),
+                  "'1000001' is too large for '-n': at most 1000000");
     }
     std::locale::global(before);
     std::setlocale(LC_ALL, "C");
