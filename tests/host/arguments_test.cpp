@@ -122,6 +122,11 @@ TEST_F(Arguments, negativeNumbersAreTakenWhereNumbersAreWanted) {
     };
     compare(positional,
             [](host::Parser& parser) { (void)parser.addPositional<double>("number", "").atLeast(0); });
+    const Row behindOneThatMayBeLeftOut[] = {{{"-5"}, "[x] #-5"}};
+    compare(behindOneThatMayBeLeftOut, [](host::Parser& parser) {
+        (void)parser.addPositional<std::string>("text", "").defaultTo("x");
+        parser.addPositional<double>("number", "");
+    });
     const Row behindATextInFront[] = {
         {{"-5"}, "unknown option '-5'\nmissing argument: TEXT\nmissing argument: NUMBER"},
         {{"a", "-5"}, "[a] #-5"},
@@ -226,6 +231,11 @@ TEST_F(Arguments, ofResponseFilesStandInThePlaceOfTheName) {
          "D=x y  v1 [a] [@file] [b]"},
         {"x", {"--define"}, {"b"}, "D=x [b]"},
         {"-D", {}, {"x", "b"}, "D=x [b]"},
+        {"5x",
+         {"-s"},
+         {},
+         "FILE:1: '5x' is not a whole number, which '--shift' takes"},  // not where -s stands
+        {"", {"-s"}, {}, "'--shift' needs a value"},
         {"", {"-D"}, {"x"}, "D=x"},
         {"--\n-v", {}, {"-v"}, "[-v] [-v]"},
         {"-v", {"--"}, {}, "[@FILE]"},

@@ -44,6 +44,7 @@ TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
         {{"rem"}, &remote, "missing command: show"},  // one word alone fits better than a part of two
         {{"a"}, nullptr, "command 'a' is ambiguous: add, append"},
         {{"ddd", "--help", "--bogus"}, nullptr, "unknown command 'ddd'; did you mean 'add'?"},
+        {{"nwe"}, nullptr, "unknown command 'nwe'; did you mean 'new' or 'newer'?"},
         {{"remvoe"}, nullptr, "unknown command 'remvoe'; did you mean 'remove-all'?"},
         {{""}, nullptr, "unknown command ''"},
         {{"-"}, nullptr, "unknown command '-'"},
@@ -130,8 +131,8 @@ TEST_F(Layers, replaceThoseBelow) {
         Texts settings;
         std::vector<host::Variable> environment;
         Texts typed;
-        const char* values;  // n | list | toggle | flag | count
-        const char* origins;
+        const char* values;             // n | list | toggle | flag | count
+        const char* origins = nullptr;  // where they matter
     } rows[] = {
         {{}, {}, {}, "1 |  | 0 | 0 | 0", "the default | nowhere | the default | the default | the default"},
         {{"--n=2\n\n--list=1\n--list=2,3\n--count\n--count"},
@@ -160,54 +161,42 @@ TEST_F(Layers, replaceThoseBelow) {
          "4 | 9 | 0 | 0 | 1",
          "argument 2 | argument 1 | the default | the default | argument 3"},
         // words in variables of switches, flags and counts; what is off replaces, too
-        {{"--toggle\n--count"}, {{"TOGGLE", "no"}, {"COUNT", "0"}}, {}, "1 |  | 0 | 0 | 0", nullptr},
-        {{"--flag"}, {{"FLAG", "false"}}, {}, "1 |  | 0 | 0 | 0", nullptr},
+        {{"--toggle\n--count"}, {{"TOGGLE", "no"}, {"COUNT", "0"}}, {}, "1 |  | 0 | 0 | 0"},
+        {{"--flag"}, {{"FLAG", "false"}}, {}, "1 |  | 0 | 0 | 0"},
         {{},
          {{"FLAG", "1"}},
          {},
          "1 |  | 0 | 1 | 0",
          "the default | nowhere | the default | FLAG | the default"},
-        {{}, {{"TOGGLE", "true"}}, {"--no-toggle"}, "1 |  | 0 | 0 | 0", nullptr},
+        {{}, {{"TOGGLE", "true"}}, {"--no-toggle"}, "1 |  | 0 | 0 | 0"},
         // of an exclusive group the highest layer that has a member counts
-        {{"--toggle"}, {}, {"--flag"}, "1 |  | 0 | 1 | 0", nullptr},
-        {{"--flag"}, {{"TOGGLE", "yes"}}, {}, "1 |  | 1 | 0 | 0", nullptr},
-        {{"--flag"}, {}, {"--no-toggle"}, "1 |  | 0 | 1 | 0", nullptr},
-        {{"--flag", "--toggle"}, {}, {}, "1 |  | 1 | 0 | 0", nullptr},
-        {{"--flag\n--toggle"}, {}, {}, "'--toggle' and '--flag' exclude each other", nullptr},
+        {{"--toggle"}, {}, {"--flag"}, "1 |  | 0 | 1 | 0"},
+        {{"--flag"}, {{"TOGGLE", "yes"}}, {}, "1 |  | 1 | 0 | 0"},
+        {{"--flag"}, {}, {"--no-toggle"}, "1 |  | 0 | 1 | 0"},
+        {{"--flag", "--toggle"}, {}, {}, "1 |  | 1 | 0 | 0"},
+        {{"--flag\n--toggle"}, {}, {}, "'--toggle' and '--flag' exclude each other"},
         // mistakes
-        {{},
-         {{"TOGGLE", "maybe"}},
-         {},
-         "TOGGLE: 'maybe' is neither yes nor no, which '--toggle' takes",
-         nullptr},
+        {{}, {{"TOGGLE", "maybe"}}, {}, "TOGGLE: 'maybe' is neither yes nor no, which '--toggle' takes"},
         {{},
          {{"COUNT", "-1"}},
          {},
-         "COUNT: '-1' is not a whole number from 0 to 1000, which '--count' takes",
-         nullptr},
+         "COUNT: '-1' is not a whole number from 0 to 1000, which '--count' takes"},
         {{},
          {{"COUNT", "1001"}},
          {},
-         "COUNT: '1001' is not a whole number from 0 to 1000, which '--count' takes",
-         nullptr},
-        {{},
-         {{"COUNT", "x"}},
-         {},
-         "COUNT: 'x' is not a whole number from 0 to 1000, which '--count' takes",
-         nullptr},
-        {{}, {{"LIST", "1,,2"}}, {"--list=1"}, "LIST: '1,,2' has an empty item", nullptr},
+         "COUNT: '1001' is not a whole number from 0 to 1000, which '--count' takes"},
+        {{}, {{"COUNT", "x"}}, {}, "COUNT: 'x' is not a whole number from 0 to 1000, which '--count' takes"},
+        {{}, {{"LIST", "1,,2"}}, {"--list=1"}, "LIST: '1,,2' has an empty item"},
         {{"\n\n\n\n\n\n\n\n\n\n\n--cuont"},
          {},
          {},
-         "a.conf:12: unknown option '--cuont'; did you mean '--count'?",
-         nullptr},
+         "a.conf:12: unknown option '--cuont'; did you mean '--count'?"},
         {{"word\n--help\n--\n--n"},
          {},
          {},
          "a.conf:1: 'word' is no option, and settings hold nothing else\na.conf:2: '--help' belongs on the "
          "command "
-         "line\na.conf:3: '--' is no option, and settings hold nothing else\na.conf:4: '-n' needs a value",
-         nullptr},
+         "line\na.conf:3: '--' is no option, and settings hold nothing else\na.conf:4: '-n' needs a value"},
     };
     for (const auto& row : rows) {
         const std::string about = joined(row.settings) + " / " + joined(row.typed);
@@ -247,10 +236,10 @@ TEST(Settings, ofACommandGoBeforeThoseOfTheOuterParser) {
     const auto list = parser.add<int>("list", "").list(',').global().environment("LIST").key();
     host::Parser& command = parser.command("do", "");
     const auto own = command.add<int>("own", "").environment("OWN").key();
-    parser.settings("--list=1", "outer");
+    parser.settings("--list=1", "outer").settings("--list=4", "another");
     command.settings("--list=2\n--own=3", "inner");
     const host::Outcome outcome = parser.parse({"do"});
-    EXPECT_EQ(outcome.result()[list], std::vector<int>{2});
+    EXPECT_EQ(outcome.result()[list], std::vector<int>{2});  // also before later ones of the outer parser
     EXPECT_EQ(outcome.result()[own], 3);
     EXPECT_EQ(parser.parse({"do"}, {{"OWN", "4"}}).result()[own], 4);
     EXPECT_EQ(parser.parse({"do"}, {{"LIST", "4"}}).result()[list], std::vector<int>{4});
@@ -370,6 +359,23 @@ TEST(Effective, namesTheOriginOfEachLine) {
               "# argument 2\n--text=c\n"
               "# the default\n--no-toggle\n");
     EXPECT_EQ(parser.effective(host::Result()), "");
+}
+
+TEST(Effective, readsBackWhereDefaultsMeetRules) {
+    host::Parser parser("tool");
+    const auto a = parser.add<int>("a", "").defaultTo(1).key();
+    const auto b = parser.addFlag("b", "").key();
+    const auto items = parser.add<int>("item", "").repeated().key();
+    parser.exclusive({a, b});
+    parser.settings("--item=1\n\n--item=2\n", "f");
+    const host::Outcome outcome = parser.parse({"--b"});
+    const std::string text = parser.effective(outcome.result());
+    EXPECT_EQ(text, "# the default\n# --a=1\n# argument 1\n--b\n# f:1\n--item=1\n# f:3\n--item=2\n");
+    parser.settings(text, "again");
+    const host::Outcome again = parser.parse({});
+    ASSERT_EQ(said(again), "");
+    EXPECT_EQ(again.result()[a], 1);
+    EXPECT_EQ(again.result()[items], (std::vector<int>{1, 2}));
 }
 
 TEST(Effective, leavesOutWhatIsNotInForceOrNobodyCouldSet) {

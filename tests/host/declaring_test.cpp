@@ -75,6 +75,13 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
          [](P p) {
              (void)p.add<int>("a", "").defaultTo({1, 2});
          }},
+        {"'a': its choice holds the separator of the list",
+         [](P p) { (void)p.add<std::string>("a", "").list().allow("b,c", "d"); }},
+        {"'a': its default has an empty item",
+         [](P p) {
+             (void)p.add<std::string>("a", "").list().defaultTo({"b", ""});
+         }},
+        {"'a': a choice is out of its range", [](P p) { p.add<int>("a", "").range(1, 5).allow(9); }},
         {"'a': a list needs a separator", [](P p) { (void)p.add<int>("a", "").list('\0'); }},
         {"'a': the name of a variable is not empty and holds no '='",
          [](P p) { p.add<int>("a", "").environment("A=B"); }},
@@ -251,7 +258,8 @@ TEST(Declarations, areNotMadeInTheMiddleOfAParse) {
     host::Parser parser("tool");
     int calls = 0;
     std::function<void()> inside = [] {};
-    parser.add<int>("n", "").check([&](int) {
+    const auto number = parser.add<int>("n", "");
+    number.check([&](int) {
         ++calls;
         inside();
         return std::string();
@@ -266,6 +274,7 @@ TEST(Declarations, areNotMadeInTheMiddleOfAParse) {
         {[&] { (void)parser.parse({"-n=2"}); }, parsing},
         {[&] { parser.addFlag("x", ""); }, declaring},
         {[&] { parser.command("x", ""); }, declaring},
+        {[&] { number.allow(1); }, declaring},
         {[&] { (void)host::Parser("other").parse({}); }, ""},  // another parser may do all it can
         {[] { throw std::logic_error("the host's own"); }, "the host's own"},
         {[&] {
@@ -282,7 +291,7 @@ TEST(Declarations, areNotMadeInTheMiddleOfAParse) {
     }
     inside = [] { throw 5; };
     EXPECT_THROW((void)parser.parse({"-n=1"}), int);
-    EXPECT_EQ(calls, 13);
+    EXPECT_EQ(calls, 15);
     EXPECT_EQ(thrownBy<std::logic_error>([&] { (void)parser.command("c", "").parse({}); }),
               "vorn: a command is parsed by its outermost parser");
 }

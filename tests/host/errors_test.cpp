@@ -183,6 +183,8 @@ TEST(Suggestions, areTheNearestAndNeverFarFetched) {
     for (const char* name :
          {"input-file", "input-format", "input-filter", "input-field", "output", "frobnicate", "ab"})
         parser.addFlag(name, "");
+    for (const char* name : {"home-dir", "work-dir", "dry-run", "log-level", "log-file"})
+        parser.addFlag(name, "");
     parser.addFlag("secret", "").hidden();
     parser.addFlag("older", "").deprecated("use --output");
     const struct {
@@ -196,6 +198,9 @@ TEST(Suggestions, areTheNearestAndNeverFarFetched) {
         {"--frobincat", {"frobnicate"}},
         {"--secert", {}},
         {"--oldre", {}},
+        {"--dir", {"home-dir", "work-dir"}},
+        {"--ho-me-dir", {"home-dir"}},
+        {"--l-x", {}},
         {"--x", {}},
         {"--ba", {}},
         {"--zzzzzzzz", {}},
@@ -217,6 +222,13 @@ TEST(Origins, areShownInFrontUnlessItIsTheCommandLine) {
     EXPECT_EQ(outcome.errors()[0].origin.line, 3);
     EXPECT_EQ(outcome.errors()[3].origin.text(), "argument 3");
     EXPECT_EQ(host::Origin().text(), "nowhere");
+    host::Parser odd("tool");
+    odd.settings("\n--define=x\n", "");  // has a place all the same
+    odd.addPositional<int>("p", "").metavar("A\033B");
+    odd.add<std::string>("m", "").maximum("\033[31mx");
+    EXPECT_EQ(said(odd.parse({"x", "--m=zz"})),
+              "settings:2: unknown option '--define'\n'x' is not a whole number, which 'A\\x1BB' takes\n"
+              "'zz' is too large for '-m': at most \\x1B[31mx");
 }
 
 }  // namespace

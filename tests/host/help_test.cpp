@@ -289,19 +289,7 @@ TEST(Help, breaksWhereItsReadersDo) {
         "  - indented lines stay indented\n"
         "\n"
         "图像(默认)质量,越高越好。\n"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81\n"
+        "ééééééééééééé\n"
         "a\033[1m\a\xFF\tb\n"
         "soft\xC2\xADhyphen\r\none\rtwo\xE2\x80\xA8three\xE2\x80\xA9"
         "4\n"
@@ -328,21 +316,9 @@ ds
 图像(默认)质
 量,越高越
 好。
-)"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81\n"
-                                  "e\xCC\x81\n"
-                                  R"(a\x1B[1m\x07
+éééééééééééé
+é
+a\x1B[1m\x07
 \xFF b
 softhyphen
 one\rtwo

@@ -135,6 +135,10 @@ TEST(Numbers, ofManyDigitsAreTooLargeOrAsGoodAsNothing) {
     EXPECT_EQ(read<double>("1" + zeros), "is too large: at most 1.7976931348623157e+308");
     EXPECT_EQ(read<double>("1" + zeros + "e-5"), "is too large: at most 1.7976931348623157e+308");
     EXPECT_EQ(read<double>("1" + zeros + "e-400"), "1");
+    EXPECT_EQ(read<double>("0." + zeros + "1e+2"), "0");
+    EXPECT_EQ(read<double>("-0." + zeros + "1e900"), "is too small: at least -1.7976931348623157e+308");
+    EXPECT_EQ(read<double>("1e-99999999999999999999"), "0");
+    EXPECT_EQ(read<double>("-1e99999999999999999999"), "is too small: at least -1.7976931348623157e+308");
 }
 
 TEST(TypesOfHeadersOfTheirOwn, readUnitsAndShowTheFewest) {
