@@ -264,7 +264,6 @@ std::vector<std::string> formsByWords(const std::string& name) {
         if (number > most && lengths.size() > fewLetters + 1) {
             lengths.erase(lengths.begin() + fewLetters, lengths.end() - 1);
         }
-        if (lengths.empty()) lengths.push_back(0);
         std::vector<std::string> longer;
         for (const std::string& front : forms) {
             for (const std::size_t length : lengths)
@@ -373,10 +372,10 @@ private:
 std::string shortestOf(Oracle& oracle, const std::string& name) {
     const std::vector<std::string> forms = oracle.forms(name);
     const Answer full = oracle.ask({name})[0];
-    for (const std::string& form : forms) {
-        if (oracle.ask({form})[0].isSame(full)) return form;
-    }
-    return name;
+    const auto shortest = std::find_if(forms.begin(), forms.end(), [&](const std::string& form) {
+        return oracle.ask({form})[0].isSame(full);
+    });
+    return shortest != forms.end() ? *shortest : name;
 }
 
 /// Lists the shortest forms of all names.
@@ -429,7 +428,7 @@ std::string withShortest(const std::string& text, const std::vector<Abbreviation
         const std::string_view shown = std::string_view(line).substr(line.find_first_not_of(' '));
         const bool hasNames = shown != heading && shown != "end" && shown.substr(0, 9) != "argument ";
         std::size_t names = 1 + static_cast<std::size_t>(std::count(line.begin(), line.end(), ','));
-        if (shown.find("switch ") != std::string_view::npos && shown.substr(0, 7) != "choice ") names *= 2;
+        if (shown.find("switch ") != std::string_view::npos) names *= 2;  // no name holds a blank
         for (std::size_t i = 0; hasNames && i < names; ++i)
             all.append(i == 0 ? " # " : " ").append(withoutBlanks(entries[next++].shortest));
         all += '\n';

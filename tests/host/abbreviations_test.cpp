@@ -64,6 +64,40 @@ TEST(Abbreviations, areATextThatReadsBackToTheSame) {
     EXPECT_EQ(table.all()[14].option, "what");
     EXPECT_EQ(table.all()[14].shortest, "a ");
 
+    const char* const lines =
+        "vorn abbreviations 1\n"
+        "# a remark\n"
+        "option odd # od\n"
+        "  choice b\\,b\\x\n"
+        "  choice \\x7fa\n"
+        "flag .a\n"
+        "flag abcdefghi-abcdefghi-abcdefghi-abcdefghi-ab-abcdefghi\n"
+        "command outer\n"
+        "  command inner\n"
+        "    flag f\n"
+        "    argument one\n"
+        "      choice x\n"
+        "  end\n"
+        "end\n";
+    EXPECT_EQ(host::Abbreviations::read(lines).text(),
+              "vorn abbreviations 1\n"
+              "option odd # o\n"
+              "  choice b\\x5c,b\\x5cx # b b\n"
+              "  choice \\x7fa # \\x7f\n"
+              "flag .a # .a\n"
+              "flag abcdefghi-abcdefghi-abcdefghi-abcdefghi-ab-abcdefghi # a-----\n"
+              "flag help,h # h h\n"
+              "command outer # o\n"
+              "  flag help,h # h h\n"
+              "  command inner # i\n"
+              "    flag f # f\n"
+              "    argument one\n"
+              "      choice x # x\n"
+              "    flag help,h # h h\n"
+              "  end\n"
+              "end\n");
+    EXPECT_EQ(host::Abbreviations::read(lines).all().back().command, "outer inner");
+
     for (const char* text :
          {"", "vorn abbreviations 2\n", "vorn abbreviations 1\nend\n", "vorn abbreviations 1\ncommand a\n",
           "vorn abbreviations 1\nchoice a\n", "vorn abbreviations 1\noption a,a\n",
@@ -147,6 +181,22 @@ TEST(Abbreviations, ofALaterVersionAreComparedWithWhatWasPromised) {
         {[](host::Parser& parser) { parser.add<std::string>("as", "").allow("json"); },
          [](host::Parser& parser) { parser.add<std::string>("as", ""); },
          "'--as=j' meant '--as=json' and means '--as=j' now (and 2 longer forms)\n"},
+        {[](host::Parser& parser) {
+             parser.add<int>("number", "").allow(1, 2);  // never shortened
+             parser.add<std::string>("gone", "").allow("one");
+             parser.addPositional<std::string>("what", "").allow("two", "three");
+         },
+         [](host::Parser& parser) {
+             parser.add<int>("number", "").allow(1, 22);
+             parser.addPositional<std::string>("what", "").allow("three");
+             parser.addPositional<std::string>("free", "");
+         },
+         "'-g' meant '--gone' and is unknown now (and 3 longer forms)\n"},
+        // Commands that are gone, with all that was behind them.
+        {[](host::Parser& parser) { parser.command("store", "").command("add,new", "").addFlag("fast", ""); },
+         [](host::Parser& parser) { parser.command("store", "").addFlag("fast", ""); },
+         "store: 'a' meant 'add' and is unknown now (and 2 longer forms)\n"
+         "store: 'n' meant 'new' and is unknown now (and 2 longer forms)\n"},
         // Commands, and what stands behind them; a new global option reaches into them.
         {[](host::Parser& parser) { parser.command("remove,rm", "").addFlag("far", ""); },
          [](host::Parser& parser) {

@@ -12,6 +12,8 @@
 
 #include "host/large_tool.h"
 #include "vorn/host.h"
+#include "vorn/host/byte_size.h"
+#include "vorn/host/path.h"
 
 namespace host = vorn::host;
 
@@ -225,8 +227,78 @@ TEST(Help, tellsTheDefaultThatAVariableGives) {
               (List{"default: three, from A", "default: 5,6, from B", "default: on, from C",
                     "default: 2, from D"}));
     // What would be refused is no default.
-    EXPECT_EQ(notesWith({{"A", "t"}, {"B", "5,"}, {"C", "maybe"}, {"D", "-1"}}),
-              (List{"environment: A", "environment: B", "environment: C", "environment: D"}));
+    for (const host::Variable& count : {host::Variable{"D", "-1"}, {"D", "x"}, {"D", ""}})
+        EXPECT_EQ(notesWith({{"A", "t"}, {"B", "5,"}, {"C", "maybe"}, count}),
+                  (List{"environment: A", "environment: B", "environment: C", "environment: D"}));
+}
+
+TEST(Help, notesWhatIsRare) {
+    enum class Mode { fast, safe };
+    host::Parser parser("tool");
+    parser.group("All of it");
+    const auto k = parser.addSwitch("k", "Short.");
+    const auto secret = parser.addFlag("secret", "").hidden();
+    const auto limit = parser.add<int>("limit", "").maximum(4);
+    const auto word = parser.add<std::string>("word", "").repeated().defaultTo({"", "a b"});
+    (void)limit.needs(word.key());
+    (void)parser.add<Mode>("mode", "")
+        .named({{"fast", Mode::fast}, {"safe", Mode::safe}})
+        .defaultTo(Mode::safe)
+        .global();
+    (void)parser.add<bool>("sure", "").deprecated("").global();
+    (void)parser.add<std::filesystem::path>("place", "").minimum("a").global();
+    (void)parser.add<host::ByteSize>("size", "").global();
+    parser.addFlag("unseen", "").hidden().global();
+    parser.oneOf({k.key(), limit.key(), secret.key()});
+    host::Parser& command = parser.command("do", "");
+    (void)command.addPositional<std::string>("in", "").atLeast(2);
+    (void)command.addPositional<std::string>("back", "Not for you.").hidden();
+    EXPECT_EQ(parser.help(), R"(Usage: tool [OPTION...] {-k | --limit N} COMMAND [ARGUMENT...]
+
+All of it:
+  -k, --no-k            Short. (not with --limit, --secret)
+      --limit N         (at most 4; needs --word; not with -k, --secret)
+      --word TEXT       (can be repeated; default: '', 'a b')
+      --mode fast|safe  (default: safe)
+      --place PATH      (at least a)
+      --size SIZE
+
+Other options:
+  -h, --help            Show this help and exit.
+      --help-all        Show the help with all options and exit.
+
+Commands:
+  do
+)");
+    EXPECT_EQ(helpOf(command, 50, true), R"(Usage: tool do [OPTION...] IN... BACK
+
+Arguments:
+  IN...             (at least 2)
+  BACK              Not for you.
+
+Options:
+  -h, --help        Show this help and exit.
+      --help-all    Show the help with all options
+                    and exit.
+
+Global options:
+      --mode fast|safe
+                    (default: safe)
+      --sure yes|no
+                    (deprecated)
+      --place PATH  (at least a)
+      --size SIZE
+      --unseen
+)");
+    EXPECT_EQ(helpOf(command, 50).find("BACK  "), std::string::npos);
+    EXPECT_EQ(helpOf(command, 50).find("--unseen"), std::string::npos);
+    host::Parser quiet("tool");
+    quiet.addFlag("help", "").hidden();
+    quiet.addFlag("help-all", "").hidden();
+    quiet.addPositional<std::string>("a{b}", "");
+    (void)quiet.addPositional<std::string>("in", "What is read.");
+    EXPECT_EQ(quiet.help(), "Usage: tool A{B} IN\n\nArguments:\n  IN  What is read.\n");
+    EXPECT_EQ(helpOf(quiet, 30), "Usage: tool A{B} IN\n\nArguments:\n IN\n      What is read.\n");
 }
 
 TEST(Help, breaksWhereItsReadersDo) {
@@ -236,20 +308,12 @@ TEST(Help, breaksWhereItsReadersDo) {
         "  - indented lines stay indented\n"
         "\n"
         "图像(默认)质量,越高越好。\n"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81\n"
-        "a\033[1m\a\xFF\tb");
+        "ééééééééééééé\n"
+        "a\033[1m\a\xFF\tb\n"
+        "soft\xC2\xADhyphen\r\none\rtwo\xE2\x80\xA8three\xE2\x80\xA9"
+        "4\n"
+        "\xF0\x9F\x87\xA9\xF0\x9F\x87\xAA\xF0\x9F\x87\xA9\xF0\x9F\x87\xAA\xF0\x9F\x91\x8D\xF0\x9F\x8F\xBD"
+        "\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96");
     EXPECT_EQ(helpOf(parser, 12), R"(Usage: tool
    [OPTION..
    .]
@@ -271,22 +335,16 @@ ds
 图像(默认)质
 量,越高越
 好。
-)"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81\n"
-                                  "e\xCC\x81\n"
-                                  R"(a\x1B[1m\x07
+éééééééééééé
+é
+a\x1B[1m\x07
 \xFF b
+softhyphen
+one\rtwo
+three
+4
+🇩🇪🇩🇪👍🏽
+ЖЖЖЖЖЖЖ
 )");
 }
 

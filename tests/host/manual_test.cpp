@@ -110,6 +110,51 @@ Gr\[u00FC]\[u00DF]e
     expectNoComplaints(parser.manual());
 }
 
+TEST(Manual, tellsWhatIsRare) {
+    host::Parser parser("tool");
+    parser.settings("--a=1", "text").settings("one").settings("two");
+    parser.add<int>("a", "").environment("A").metavar("MY_N");
+    parser.add<int>("hidden", "").environment("HIDDEN").hidden();
+    parser.add<int>("old", "").environment("OLD").deprecated("");
+    parser.command("do", "").epilogue("`Later^'").addPositional<std::string>("odd", "Odd.").metavar("--");
+    const std::string page = parser.manual("2026-01-02 <now>");
+    const struct {
+        const char* text;
+        bool isThere;
+    } rows[] = {
+        {".TH \"TOOL\" \"1\" \"2026\\-01\\-02 <now>\" \"tool\"\n", true},
+        {".B \"\\fB\\-a\\fR \\fIMY_N\\fR\"\n", true},
+        {"\\fB\\-\\-\\fR", true},
+        {".PP\n\\(gaLater\\(ha\\(aq\n", true},
+        {".SH FILES\n.TP\n.B \"one\"\n", true},
+        {".TP\n.B \"two\"\n", true},
+        {".B \"text\"", false},
+        {".B \"A\"", true},
+        {"HIDDEN", false},
+        {"OLD", false},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(page.find(row.text) != std::string::npos, row.isThere) << row.text << "\n" << page;
+}
+
+TEST(Manual, isOfTheDayThatABuildIsSaidToBe) {
+    const struct {
+        const char* seconds;
+        const char* day;
+    } rows[] = {{"0", "1970-01-01"},
+                {"1767312000", "2026-01-02"},
+                {"9223372036854775807", "1970-01-01"},  // no year has so many digits
+                {"today", nullptr}};
+    for (const auto& row : rows) {
+        setenv("SOURCE_DATE_EPOCH", row.seconds, 1);
+        const std::string head = host::Parser("tool").manual().substr(0, 26);
+        unsetenv("SOURCE_DATE_EPOCH");
+        const std::string today = host::Parser("tool").manual().substr(0, 26);
+        EXPECT_EQ(head, row.day != nullptr ? ".TH \"TOOL\" \"1\" \"" + std::string(row.day) : today)
+            << row.seconds;
+    }
+}
+
 TEST(Manual, isCleanInEveryLanguage) {
     for (const auto language : {large_tool::english, large_tool::german, large_tool::chinese})
         expectNoComplaints(large_tool::make(language).manual("2026-01-02"));
