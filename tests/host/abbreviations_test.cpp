@@ -1,11 +1,7 @@
 // What users may type, as a table that is kept with a release, and what a later version takes from them.
 #include "vorn/host/abbreviations.h"
 
-#include <gtest/gtest.h>
-
-#include "vorn/host.h"
-
-namespace host = vorn::host;
+#include "host/fixture.h"
 
 namespace {
 
