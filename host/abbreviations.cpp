@@ -390,18 +390,18 @@ public:
         for (const Record& record : table.records) {
             for (const std::string& name : namesOf(record))
                 entries.push_back(
-                    {{AbbreviatedName::Kind::option, path, "", name}, shortestOf(options, name)});
+                    {{AbbreviatedName::Kind::option, path, "", name, false}, shortestOf(options, name)});
             ChoiceOracle choices(record);
             for (const std::string& name : record.choiceTexts())
-                entries.push_back(
-                    {{AbbreviatedName::Kind::choice, path, std::string(record.firstName()), name},
-                     shortestOf(choices, name)});
+                entries.push_back({{AbbreviatedName::Kind::choice, path, std::string(record.firstName()),
+                                    name, record.isPositional()},
+                                   shortestOf(choices, name)});
         }
         NameOracle commands(table, true);
         for (const std::unique_ptr<Table>& command : table.commands) {
             for (const std::string& name : piecesOf(command->names, ','))
                 entries.push_back(
-                    {{AbbreviatedName::Kind::command, path, "", name}, shortestOf(commands, name)});
+                    {{AbbreviatedName::Kind::command, path, "", name, false}, shortestOf(commands, name)});
             list(*command);
         }
     }
@@ -476,24 +476,25 @@ private:
         const std::string option(record.firstName());
         const detail::NameMeaning* later = nullptr;
         for (const std::string& name : record.allNames()) {
-            if (later == nullptr) later = after.find(name);
+            if (later == nullptr) later = after.findDeclared(name);
         }
-        if (later == nullptr) return;  // said already
+        if (later == nullptr) return;  // said already, or nobody typed its name
         ChoiceOracle choicesBefore(record);
         ChoiceOracle choicesAfter(after.records[later->index]);
         for (std::size_t i = 0; i < record.choices()->size(); ++i) {
             const std::vector<std::string>& names = record.details->choices.names;
             compareName(AbbreviatedName::Kind::choice, option, names[i], names[groupOf(record, i)],
-                        choicesBefore, choicesAfter);
+                        choicesBefore, choicesAfter, record.isPositional());
         }
     }
 
     void compareName(AbbreviatedName::Kind kind, const std::string& option, const std::string& name,
-                     const std::string& first, Oracle& before, Oracle& after) {
+                     const std::string& first, Oracle& before, Oracle& after, bool isPositional = false) {
         BrokenAbbreviation one;
         one.kind = kind;
         one.command = path;
         one.option = option;
+        one.isPositional = isPositional;
         one.name = name;
         const std::vector<std::string> promised = promisedForms(name, before);
         const std::vector<Answer> answers = after.ask(promised);
@@ -534,7 +535,7 @@ std::string typedForm(const BrokenAbbreviation& broken, const std::string& text)
         case AbbreviatedName::Kind::option:
             return detail::hyphened(text);
         case AbbreviatedName::Kind::choice:
-            return detail::hyphened(broken.option) + "=" + text;
+            return broken.isPositional ? text : detail::hyphened(broken.option) + "=" + text;
         case AbbreviatedName::Kind::command:
             break;
     }

@@ -1,15 +1,9 @@
 // What a tool answers to a shell's script, in the words of its answers: a line with the kind and what stands in front of a
 // path, then one for each candidate. What the shells make of it is tested with the shells themselves.
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <cstdlib>
-
-#include "vorn/host.h"
-
-namespace host = vorn::host;
+#include "host/fixture.h"
 
 namespace {
 
@@ -34,23 +28,18 @@ struct Printed {
 /// Runs parseOrExit in a process of its own.
 Printed print(host::Parser& parser, std::vector<const char*> arguments) {
     arguments.insert(arguments.begin(), "tool");
-    std::FILE* output = std::tmpfile();
+    const TemporaryFile output("");
     std::fflush(stdout);  // or the child would write it, too
     const pid_t child = fork();
     if (child == 0) {
-        dup2(fileno(output), STDOUT_FILENO);
-        dup2(fileno(output), STDERR_FILENO);
+        const bool isOpen = std::freopen(output.path.c_str(), "w", stdout) != nullptr;
+        if (!isOpen || dup2(STDOUT_FILENO, STDERR_FILENO) < 0) _exit(99);
         const host::Result result = parser.parseOrExit(static_cast<int>(arguments.size()), arguments.data());
         std::exit(3);
     }
     int status = 0;
     waitpid(child, &status, 0);
-    std::rewind(output);
-    std::string text;
-    for (int character = std::getc(output); character != EOF; character = std::getc(output))
-        text += static_cast<char>(character);
-    std::fclose(output);
-    return {text, WEXITSTATUS(status)};
+    return {contentOf(output.path), WEXITSTATUS(status)};
 }
 
 struct Case {

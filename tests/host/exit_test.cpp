@@ -67,18 +67,10 @@ std::string ended(const Texts& typed, const char* output = nullptr, bool ignores
     }
     int status = 0;
     waitpid(child, &status, 0);
-    const auto content = [](const std::string& path) {
-        std::string all;
-        std::FILE* file = std::fopen(path.c_str(), "rb");
-        for (int next = std::fgetc(file); next != EOF; next = std::fgetc(file))
-            all += static_cast<char>(next);
-        std::fclose(file);
-        return all;
-    };
     const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-    std::string written = content(outputFile.path);
+    std::string written = contentOf(outputFile.path);
     if (written.compare(0, 6, "Usage:") == 0) written = written.substr(0, written.find('\n'));
-    return std::to_string(code) + "|" + written + "|" + content(errorFile.path);
+    return std::to_string(code) + "|" + written + "|" + contentOf(errorFile.path);
 }
 
 TEST(Exit, tellsHowItWent) {
