@@ -29,8 +29,6 @@ target_compile_options(vorn_hardened INTERFACE
   -ffunction-sections -fdata-sections
   # The library calls its own definitions directly; a host replaces none of them.
   -fno-semantic-interposition
-  # Everything is bound when the library is loaded (see now below), so calls need no way through a stub.
-  -fno-plt
   # Unique symbols would keep the library in the process after dlclose.
   $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
 )

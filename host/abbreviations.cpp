@@ -7,6 +7,7 @@
 #include "library.h"
 #include "parse.h"
 #include "shown_text.h"
+#include "text_parts.h"
 #include "value_reader.h"
 #include "walk.h"
 
@@ -15,6 +16,7 @@ namespace vorn_3_1::host {
 namespace {
 
 using detail::Meaning;
+using detail::piecesOf;
 using detail::Record;
 using detail::Table;
 using detail::What;
@@ -66,23 +68,11 @@ std::string withBlanks(std::string_view escaped) {
     return text;
 }
 
-std::vector<std::string> cut(std::string_view text, char separator) {
-    std::vector<std::string> pieces;
-    for (std::size_t end = text.find(separator); end != std::string_view::npos; end = text.find(separator)) {
-        pieces.emplace_back(text.substr(0, end));
-        text.remove_prefix(end + 1);
-    }
-    pieces.emplace_back(text);
-    return pieces;
-}
-
-std::string firstOf(std::string_view names) { return std::string(names.substr(0, names.find(','))); }
-
 /// The commands that lead to a table, without the program.
 std::string pathBehindProgram(const Table& table) {
     if (!table.isCommand()) return "";
     const std::string front = pathBehindProgram(*table.outer);
-    return front.empty() ? firstOf(table.names) : front + " " + firstOf(table.names);
+    return detail::joined({front, front.empty() ? "" : " ", table.firstName()});
 }
 
 bool mayShortenChoices(const Record& record) {
@@ -137,7 +127,7 @@ void writeNames(Table& table, const std::string& indent, std::string& text) {
 class Model {
 public:
     explicit Model(std::string_view text) : root(new Table("", "", nullptr), &detail::release) {
-        std::vector<std::string> lines = cut(text, '\n');
+        std::vector<std::string> lines = piecesOf(text, '\n');
         if (lines[0] != heading) refuse(lines[0]);
         table = root.get();
         for (std::size_t i = 1; i < lines.size(); ++i) {
@@ -155,7 +145,7 @@ public:
 private:
     void enter(std::string_view line) {
         line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
-        std::vector<std::string> words = cut(line.substr(0, line.find(" # ")), ' ');
+        std::vector<std::string> words = piecesOf(line.substr(0, line.find(" # ")), ' ');
         const bool isGlobal = words[0] == "global";
         if (isGlobal) words.erase(words.begin());
         if (words[0].empty() || words[0] == "#") return;
@@ -165,7 +155,7 @@ private:
             return;
         }
         if (words.size() != 2) refuse(line);
-        if (words[0] == "choice") return enterChoice(cut(words[1], ','));
+        if (words[0] == "choice") return enterChoice(piecesOf(words[1], ','));
         if (words[0] == "command") {
             table = &table->enterCommand(words[1], "");
             return;
@@ -224,7 +214,7 @@ bool isAmong(const std::string& name, const std::vector<std::string>& names) {
 
 Table* commandNamed(const Table& table, const std::string& name) {
     for (const std::unique_ptr<Table>& command : table.commands) {
-        if (isAmong(name, cut(command->names, ','))) return command.get();
+        if (isAmong(name, piecesOf(command->names, ','))) return command.get();
     }
     return nullptr;
 }
@@ -264,7 +254,7 @@ std::vector<std::size_t> beginnings(std::string_view word, bool withEmpty) {
 std::vector<std::string> formsByWords(const std::string& name) {
     constexpr double most = 200000;
     constexpr std::size_t fewLetters = 4;
-    const std::vector<std::string> words = cut(name, '-');
+    const std::vector<std::string> words = piecesOf(name, '-');
     double number = 1;
     for (const std::string& word : words)
         number *= static_cast<double>(word.size() + 1);
@@ -330,7 +320,7 @@ private:
         if (meaning.kind != Meaning::Kind::found) return answer;
         answer.isOne = true;
         if (isForCommands) {
-            answer.names = {firstOf(table.commands[meaning.index]->names)};
+            answer.names = {std::string(table.commands[meaning.index]->firstName())};
             return answer;
         }
         const std::string name(meaning.record().firstName());
@@ -410,7 +400,7 @@ public:
         }
         NameOracle commands(table, true);
         for (const std::unique_ptr<Table>& command : table.commands) {
-            for (const std::string& name : cut(command->names, ','))
+            for (const std::string& name : piecesOf(command->names, ','))
                 entries.push_back(
                     {{AbbreviatedName::Kind::command, path, "", name}, shortestOf(commands, name)});
             list(*command);
@@ -433,7 +423,7 @@ private:
 std::string withShortest(const std::string& text, const std::vector<Abbreviation>& entries) {
     std::string all;
     std::size_t next = 0;
-    for (const std::string& line : cut(text, '\n')) {
+    for (const std::string& line : piecesOf(text, '\n')) {
         if (line.empty()) continue;
         all += line;
         const std::string_view shown = std::string_view(line).substr(line.find_first_not_of(' '));
@@ -467,12 +457,12 @@ public:
         NameOracle commandsBefore(before, true);
         NameOracle commandsAfter(after, true);
         for (const std::unique_ptr<Table>& command : before.commands) {
-            const std::string first = firstOf(command->names);
-            for (const std::string& name : cut(command->names, ','))
+            const std::string first(command->firstName());
+            for (const std::string& name : piecesOf(command->names, ','))
                 compareName(AbbreviatedName::Kind::command, "", name, first, commandsBefore, commandsAfter);
         }
         for (const std::unique_ptr<Table>& command : before.commands) {
-            for (const std::string& name : cut(command->names, ',')) {
+            for (const std::string& name : piecesOf(command->names, ',')) {
                 Table* later = commandNamed(after, name);
                 if (later == nullptr) continue;  // said already
                 compare(*command, *later);

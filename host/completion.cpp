@@ -5,16 +5,14 @@
 
 #include "library.h"
 #include "parse.h"
+#include "process_environment.h"
 #include "shown_text.h"
+#include "text_parts.h"
 #include "walk.h"
 
 namespace vorn_3_1::host::detail {
 
 namespace {
-
-bool beginsWith(std::string_view text, std::string_view beginning) {
-    return text.substr(0, beginning.size()) == beginning;
-}
 
 /// A shell cannot list it, and a terminal might obey it.
 bool isShowable(std::string_view text) {
@@ -81,10 +79,13 @@ struct Form {
 
 class Completer {
 public:
-    explicit Completer(Table& root) : table(&root), data(root) { findings.data = &data; }
+    explicit Completer(Table& outermost) : root(outermost), table(&outermost), data(outermost) {
+        findings.data = &data;
+    }
 
     Completions run(std::vector<std::string> before, const std::string& typed) {
         word = typed;
+        inFront = before;
         const std::unique_ptr<Walk> walk = walkOver(before);
         if (walk->endsEarly) return {};
         if (walk->waiting != nullptr) {
@@ -224,9 +225,7 @@ private:
     void completeCommand() {
         std::vector<std::pair<std::string, const Table*>> forms;
         for (const std::unique_ptr<Table>& command : table->commands) {
-            Record named;
-            named.names = command->names;
-            for (std::string& name : named.allNames())
+            for (std::string& name : piecesOf(command->names, ','))
                 forms.emplace_back(std::move(name), command.get());
         }
         std::vector<unsigned> numbers;
@@ -271,7 +270,8 @@ private:
         }
         std::vector<std::string> texts;
         if (record.details && record.details->offer) {
-            texts = record.details->offer->offers(typed);
+            const Offer& offering = *record.details->offer;
+            texts = offering.offers(typed, offering.wantsResult() ? resultInFront() : Result());
         } else if (record.choices() != nullptr) {
             texts = record.choiceTexts();
         } else if (record.type == &TypeFactsOf<bool>::facts) {
@@ -285,15 +285,27 @@ private:
         }
     }
 
+    Result resultInFront() const {
+        std::vector<Argument> arguments;
+        for (const std::string& text : inFront)
+            arguments.push_back({text, 0, static_cast<int>(arguments.size() + 1)});
+        const ProcessEnvironment environment;
+        Parse parse(root, environment);
+        parse.run(std::move(arguments));
+        return Result(parse.data.release());
+    }
+
     void offer(std::string text, std::string_view description, bool isOpen) {
         if (!isShowable(text)) return;
         found.candidates.push_back(
             {std::move(text), escaped(description.substr(0, description.find('\n'))), isOpen});
     }
 
+    Table& root;
     Table* table;
     ResultData data;
     Findings findings;
+    std::vector<std::string> inFront;  ///< The words there.
     std::string word;
     FittingNames names;
     Completions found;

@@ -142,21 +142,30 @@ void Declaration::setGroup(Text title) const {
 void Declaration::setHidden() const { change(*table, index, table->records[index].isHidden, true); }
 
 void Declaration::setDeprecated(Text instead) const {
-    change(*table, index, detailsOf(*table, index).instead, std::string(instead));
+    std::string advice(instead);
+    Details& details = detailsOf(*table, index);
     change(*table, index, table->records[index].isDeprecated, true);
+    details.instead = std::move(advice);
 }
 
 void Declaration::addNeed(AnyKey other) const {
-    const std::string use = joined({"'", table->records[index].firstName(), "' needs another option"});
-    const unsigned needed = table->indexOf(other, use.c_str());
-    if (needed == index) fail(*table, index, "it needs itself");
-    detailsOf(*table, index).needs.push_back(needed);
+    const Table* owner = table->ownerOf(other);
+    if (owner == nullptr) {
+        throw RegistrationError(
+            joined({"'", table->records[index].firstName(),
+                    "' needs another option: the key belongs to another parser; use keys of "
+                    "this one or of an outer one"}));
+    }
+    if (owner == table && other.index == index) fail(*table, index, "it needs itself");
+    detailsOf(*table, index).needs.push_back(other);
     ++table->changes;
 }
 
 void Declaration::setOnlyOnCommandLine() const {
     change(*table, index, table->records[index].isOnlyTyped, true);
 }
+
+void Declaration::setSecret() const { change(*table, index, table->records[index].isSecret, true); }
 
 void Declaration::setGlobal() const { change(*table, index, table->records[index].isGlobal, true); }
 

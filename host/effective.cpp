@@ -51,6 +51,8 @@ std::vector<std::string> linesOf(const Record& record, const Values& values) {
         const int count = static_cast<const detail::TypedValues<int>&>(values).items.back();
         for (int i = 0; i < count; ++i)
             lines.push_back("--" + name);
+    } else if (record.isSecret) {
+        lines.push_back("# --" + name + " is secret");
     } else {
         for (const std::string& text : valueTexts(record, values)) {
             const bool isWritten = canStandInALine(text);

@@ -66,30 +66,16 @@ std::vector<std::string> defaultsOf(const Record& record) {
     return texts;
 }
 
-/// The values that a variable gives an option, or none if one of them would be refused.
-std::vector<std::string> valuesIn(const Record& record, std::string_view text) {
-    const Owned<Values> values(record.type->make());
-    while (true) {
-        const std::size_t end =
-            record.separator != '\0' ? text.find(record.separator) : std::string_view::npos;
-        const std::string_view item = text.substr(0, end);
-        if (item.empty() || readValue(record, item, *values)) return {};
-        if (end == std::string_view::npos) return textsOf(record, *values);
-        text.remove_prefix(end + 1);
-    }
-}
-
+/// The values that a variable gives, or none if it is not set or would be refused.
 std::vector<std::string> readVariable(const Record& record, const char* text) {
     if (text == nullptr || *text == '\0') return {};
-    if (record.what == What::option) return valuesIn(record, text);
-    if (record.what == What::count) {
-        int count = 0;
-        if (!Type<int>::read(text, count).empty() || count < 0) return {};
-        return {std::to_string(count)};
+    if (record.what == What::option) {
+        const Owned<Values> values(record.type->make());
+        return readItems(record, text, *values) ? std::vector<std::string>() : textsOf(record, *values);
     }
-    bool isOn = false;
-    if (!Type<bool>::read(text, isOn).empty()) return {};
-    return {onOrOff(isOn)};
+    int count = 0;
+    if (readOccurrences(record, text, count)) return {};
+    return {record.what == What::count ? std::to_string(count) : onOrOff(count > 0)};
 }
 
 std::vector<std::string> excludedBy(const Table& table, unsigned index) {
@@ -108,14 +94,15 @@ void describeDetails(const Table& table, const Record& record, const Environment
                      OptionInfo& info) {
     const Details& details = *record.details;
     info.choices = record.choiceTexts();
-    info.defaults = defaultsOf(record);
+    if (!record.isSecret) info.defaults = defaultsOf(record);
     if (details.limits.low) info.lowest = record.shownValue(*details.limits.low, 0);
     if (details.limits.high) info.highest = record.shownValue(*details.limits.high, 0);
     if (details.implicit) info.implicit = record.shownValue(*details.implicit, 0);
     info.variable = details.environment;
-    if (!info.variable.empty()) info.fromVariable = readVariable(record, environment.find(info.variable));
-    for (const unsigned needed : details.needs)
-        info.needs.emplace_back(table.records[needed].firstName());
+    const bool isRead = !info.variable.empty() && !record.isSecret;
+    if (isRead) info.fromVariable = readVariable(record, environment.find(info.variable));
+    for (const AnyKey needed : details.needs)
+        info.needs.emplace_back(table.ownerOf(needed)->records[needed.index].firstName());
     info.instead = details.instead;
 }
 
@@ -140,6 +127,7 @@ OptionInfo infoOf(const Table& table, unsigned index, const Environment& environ
     info.isDeprecated = record.isDeprecated;
     info.isGlobal = record.isGlobal;
     info.isOnlyTyped = record.isOnlyTyped;
+    info.isSecret = record.isSecret;
     info.isBuiltIn = record.isBuiltIn();
     info.excludes = excludedBy(table, index);
     if (record.details) describeDetails(table, record, environment, info);
@@ -161,11 +149,16 @@ std::string shownItems(const std::vector<std::string>& values, std::string_view 
     return listed(items, separator);
 }
 
-std::string hyphenedNames(const std::vector<std::string>& names) {
-    std::vector<std::string> shownNames;
-    for (const std::string& name : names)
-        shownNames.push_back(hyphened(name));
-    return listed(shownNames, ", ");
+/// "--quality, IMAGE": the table's own declarations, or an outer one's.
+std::string shownNames(const Table& table, const std::vector<std::string>& names) {
+    std::vector<std::string> all;
+    for (const std::string& name : names) {
+        const Table* owner = &table;
+        while (owner->findDeclared(name) == nullptr)
+            owner = owner->outer;
+        all.push_back(owner->records[owner->findDeclared(name)->index].shownName());
+    }
+    return listed(all, ", ");
 }
 
 std::string rangeOf(const OptionInfo& info) {
@@ -186,7 +179,7 @@ std::string defaultOf(const OptionInfo& info) {
                                           : "default: " + shownItems(info.defaults, separator);
 }
 
-std::vector<std::string> notesOf(const OptionInfo& info) {
+std::vector<std::string> notesOf(const Table& table, const OptionInfo& info) {
     std::vector<std::string> notes;
     const auto add = [&notes](std::string_view title, const std::string& text) {
         if (!text.empty()) notes.push_back(std::string(title) + text);
@@ -202,8 +195,8 @@ std::vector<std::string> notesOf(const OptionInfo& info) {
     if (!info.implicit.empty()) notes.push_back("alone: " + shownItem(info.implicit));
     add("", defaultOf(info));
     if (info.fromVariable.empty()) add("environment: ", info.variable);
-    add("needs ", hyphenedNames(info.needs));
-    add("not with ", hyphenedNames(info.excludes));
+    add("needs ", shownNames(table, info.needs));
+    add("not with ", shownNames(table, info.excludes));
     return notes;
 }
 
@@ -216,8 +209,8 @@ std::string valueOf(const OptionInfo& info) {
     return info.implicit.empty() ? " " + value : "[=" + value + "]";
 }
 
-HelpEntry entryOf(const OptionInfo& info) {
-    return {info.forms, valueOf(info), info.description, notesOf(info)};
+HelpEntry entryOf(const Table& table, const OptionInfo& info) {
+    return {info.forms, valueOf(info), info.description, notesOf(table, info)};
 }
 
 /// "IMAGE", "[IMAGE]", "IMAGE...", "[IMAGE...]".
@@ -265,7 +258,7 @@ private:
         forEach(*command.outer, [&program](const OptionInfo& info) {
             if (info.isRequired) program += " " + optionUsage(info);
         });
-        return program + " " + command.names.substr(0, command.names.find(','));
+        return joined({program, " ", command.firstName()});
     }
 
     void addUsage() {
@@ -273,6 +266,7 @@ private:
         std::vector<std::string> required;
         bool hasOptional = false;
         forEach(table, [&](const OptionInfo& info) {
+            if (isAmongChoices(info)) return;
             if (info.isPositional()) {
                 positionals.push_back(positionalUsage(info));
             } else if (info.isRequired) {
@@ -292,6 +286,17 @@ private:
         page.usage.insert(page.usage.end(), words.begin(), words.end());
     }
 
+    /// Whether it is an argument, and one of those of which one has to be given.
+    bool isAmongChoices(const OptionInfo& info) const {
+        if (!info.isPositional()) return false;
+        return std::any_of(table.groups.begin(), table.groups.end(), [&](const RuleGroup& group) {
+            return group.needsOne &&
+                   std::any_of(group.members.begin(), group.members.end(), [&](unsigned member) {
+                       return table.records[member].firstName() == info.names.front();
+                   });
+        });
+    }
+
     /// "{--from DATE | --all}" where one of them has to be given.
     void addChoices() {
         for (const RuleGroup& group : table.groups) {
@@ -308,8 +313,9 @@ private:
     void addPositionals() {
         HelpSection section = {HelpSection::Kind::arguments, "Arguments", {}};
         forEach(table, [&](const OptionInfo& info) {
-            const bool saysMore = !info.description.empty() || !notesOf(info).empty();
-            if (info.isPositional() && isShown(info) && saysMore) section.entries.push_back(entryOf(info));
+            const bool saysMore = !info.description.empty() || !notesOf(table, info).empty();
+            if (info.isPositional() && isShown(info) && saysMore)
+                section.entries.push_back(entryOf(table, info));
         });
         add(std::move(section));
     }
@@ -318,27 +324,21 @@ private:
         if (!section.entries.empty()) page.sections.push_back(std::move(section));
     }
 
-    /// Groups in the order in which they first occur. Those without come first; --help and the like at their end.
+    /// Groups in the order in which they first occur. Those without come first; --help and the like at their end, or
+    /// else last.
     void addOptions() {
         HelpSection own = {HelpSection::Kind::options, "Options", {}};
-        HelpSection builtIn = {HelpSection::Kind::options, "Options", {}};
         std::vector<HelpSection> groups;
         forEach(table, [&](const OptionInfo& info) {
             if (info.isPositional() || !isShown(info)) return;
-            HelpSection& section = info.isBuiltIn       ? builtIn
-                                   : info.group.empty() ? own
-                                                        : sectionOf(groups, info.group);
-            section.entries.push_back(entryOf(info));
+            const bool isAmongOthers = info.isBuiltIn && own.entries.empty() && !groups.empty();
+            const std::string title = isAmongOthers ? "Other options" : info.group;
+            HelpSection& section = title.empty() ? own : sectionOf(groups, title);
+            section.entries.push_back(entryOf(table, info));
         });
-        if (!own.entries.empty()) {
-            std::move(builtIn.entries.begin(), builtIn.entries.end(), std::back_inserter(own.entries));
-            builtIn.entries.clear();
-        }
         add(std::move(own));
         for (HelpSection& group : groups)
             add(std::move(group));
-        if (!groups.empty()) builtIn.title = "Other options";
-        add(std::move(builtIn));
     }
 
     static HelpSection& sectionOf(std::vector<HelpSection>& sections, const std::string& title) {
@@ -353,7 +353,7 @@ private:
         HelpSection section = {HelpSection::Kind::globalOptions, "Global options", {}};
         for (const Table* outer = table.outer; outer != nullptr; outer = outer->outer) {
             forEach(*outer, [&](const OptionInfo& info) {
-                if (info.isGlobal && isShown(info)) section.entries.push_back(entryOf(info));
+                if (info.isGlobal && isShown(info)) section.entries.push_back(entryOf(*outer, info));
             });
         }
         add(std::move(section));
@@ -363,20 +363,10 @@ private:
         HelpSection section = {HelpSection::Kind::commands, "Commands", {}};
         for (const std::unique_ptr<Table>& command : table.commands) {
             const std::string& about = command->description;
-            section.entries.push_back({namesOf(*command), "", about.substr(0, about.find('\n')), {}});
+            section.entries.push_back(
+                {piecesOf(command->names, ','), "", about.substr(0, about.find('\n')), {}});
         }
         add(std::move(section));
-    }
-
-    static std::vector<std::string> namesOf(const Table& command) {
-        std::vector<std::string> names;
-        std::string_view rest = command.names;
-        for (std::size_t comma = rest.find(','); comma != std::string_view::npos; comma = rest.find(',')) {
-            names.emplace_back(rest.substr(0, comma));
-            rest.remove_prefix(comma + 1);
-        }
-        names.emplace_back(rest);
-        return names;
     }
 
     const Table& table;

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <climits>
+#include <iterator>
 #include <new>
 #include <stdexcept>
+
+#include "text_parts.h"
 
 namespace vorn_3_1::host::detail {
 
@@ -17,12 +20,10 @@ constexpr char filler[] = "x";
 
 /// Whether the library takes the names in one registration: two, or a third of two characters.
 bool fitOneRegistration(std::string_view names) {
-    std::size_t count = 1;
-    for (std::size_t comma = names.find(','); comma != std::string_view::npos; comma = names.find(',')) {
-        names.remove_prefix(comma + 1);
-        ++count;
-    }
-    return count < 3 || (count == 3 && names.size() <= 2);
+    std::size_t count = 0;
+    std::size_t sizeOfLast = 0;
+    forEachPiece(names, ',', [&](std::string_view name) { ++count, sizeOfLast = name.size(); });
+    return count < 3 || (count == 3 && sizeOfLast <= 2);
 }
 
 /// The names in the library's text "Ambiguous option 'NAME' in argument: 'TYPED', could be: 'one', 'two'", where NAME is
@@ -108,12 +109,9 @@ IOption& Library::registerNames(const char* names, const std::vector<std::string
     std::vector<std::string> added = further;
     std::string shortened;
     if (!fitOneRegistration(names)) {
-        shortened = names;
-        for (std::size_t comma = shortened.rfind(','); comma != std::string::npos;
-             comma = shortened.rfind(',')) {
-            added.insert(added.begin(), shortened.substr(comma + 1));
-            shortened.resize(comma);
-        }
+        std::vector<std::string> all = piecesOf(names, ',');
+        shortened = std::move(all.front());
+        added.insert(added.begin(), std::next(all.begin()), all.end());
         names = shortened.c_str();
     }
     IOption* option = parser->option(names, "", type, "");

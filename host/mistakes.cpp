@@ -2,8 +2,11 @@
 // "Unknown option: --x", here "unknown option '--x'".
 #include "mistakes.h"
 
+#include <algorithm>
+
 #include "shown_text.h"
 #include "suggestions.h"
+#include "text_parts.h"
 
 namespace vorn_3_1::host::detail {
 
@@ -46,6 +49,77 @@ std::string quotedAll(const std::vector<std::string>& pieces) {
     return all;
 }
 
+/// The option that has this full name and may be typed with the table's own, or null.
+const Record* optionNamed(const Table& table, std::string_view name) {
+    for (const Table* owner = &table; owner != nullptr; owner = owner->outer) {
+        const NameMeaning* found = owner->find(name);
+        if (found == nullptr) continue;
+        const Record& record = owner->records[found->index];
+        if (owner == &table || record.isGlobal) return &record;
+    }
+    return nullptr;
+}
+
+/// The same for a command that was not chosen: its names are not entered.
+bool hasOption(const Table& command, std::string_view name) {
+    return std::any_of(command.records.begin(), command.records.end(), [name](const Record& record) {
+        if (!record.isOption() || record.isBuiltIn()) return false;
+        const std::vector<std::string> names = record.allNames();
+        return std::any_of(names.begin(), names.end(), [&](const std::string& own) {
+            return own == name || (record.what == What::toggle && "no-" + own == name);
+        });
+    });
+}
+
+void appendOwners(const Table& table, std::string_view name, const std::string& front,
+                  std::vector<std::string>& owners) {
+    for (const auto& command : table.commands) {
+        const std::string path = joined({front, command->firstName()});
+        if (hasOption(*command, name)) owners.push_back(path);
+        appendOwners(*command, name, path + " ", owners);
+    }
+}
+
+/// Where an option would stand that is a command's, or an outer parser's; empty if it is nobody's.
+std::string otherPlaceOf(const Table& table, std::string_view name) {
+    for (const Table* inner = &table; inner->outer != nullptr; inner = inner->outer) {
+        if (hasOption(*inner->outer, name))
+            return joined({"; write it in front of the command ", quoted(inner->firstName())});
+    }
+    constexpr std::size_t few = 3;
+    std::vector<std::string> owners;
+    appendOwners(table, name, "", owners);
+    if (owners.empty()) return {};
+    if (owners.size() > few) return "; write it behind the command";
+    return "; write it behind the command " + quotedAlternatives(owners);
+}
+
+std::string offFormOfNoSwitch(const Table& table, std::string_view name) {
+    constexpr std::string_view off = "no-";
+    const Record* record = beginsWith(name, off) ? optionNamed(table, name.substr(off.size())) : nullptr;
+    if (record == nullptr) return {};
+    return joined({"; ", quoted(hyphened(name.substr(off.size()))), " cannot be switched off"});
+}
+
+/// How "shelf=/x", "shelf: /x" or "--shelf /x" would be written as one argument, if it begins with an option's full
+/// name.
+std::string rewritten(const Table& table, std::string_view argument) {
+    constexpr std::string_view between = " \t=:";
+    const bool isNamed = beginsWith(argument, "-");
+    const std::string text = isNamed ? withoutHyphens(argument) : std::string(argument);
+    const std::string name = text.substr(0, text.find_first_of(between));
+    const Record* record = optionNamed(table, name);
+    if (record == nullptr || record->isBuiltIn()) return {};
+    const std::size_t begin = std::min(text.find_first_not_of(between, name.size()), text.size());
+    std::string value = text.substr(begin);
+    bool isOn = true;
+    if (record->what == What::toggle && Type<bool>::read(value, isOn).empty() && !isOn)
+        return joined({"; write ", quoted("--no-" + name)});
+    if (record->what != What::option) return joined({"; write ", quoted(hyphened(name))});
+    if (value.empty()) value = record->metavar();
+    return joined({"; write ", quoted(joined({hyphened(name), "=", record->isSecret ? "***" : value}))});
+}
+
 void appendNames(const Table& table, bool onlyGlobal, bool withOffForms, std::vector<std::string>& names) {
     for (const Record& record : table.records) {
         if (!record.isOption() || record.isHidden || record.isDeprecated) continue;
@@ -59,19 +133,15 @@ void appendNames(const Table& table, bool onlyGlobal, bool withOffForms, std::ve
 
 std::vector<std::string> allCommandNames(const Table& table) {
     std::vector<std::string> all;
-    for (const auto& command : table.commands) {
-        Record named;
-        named.names = command->names;
-        for (std::string& name : named.allNames())
-            all.push_back(std::move(name));
-    }
+    for (const auto& command : table.commands)
+        forEachPiece(command->names, ',', [&all](std::string_view name) { all.emplace_back(name); });
     return all;
 }
 
 std::vector<std::string> commandNames(const Table& table) {
     std::vector<std::string> names;
     for (const auto& command : table.commands)
-        names.push_back(command->names.substr(0, command->names.find(',')));
+        names.emplace_back(command->firstName());
     return names;
 }
 
@@ -93,17 +163,27 @@ Error unknownOption(std::string_view typed) {
     return mistake(Kind::unknownOption, "unknown option " + quoted(typed));
 }
 
-Error unknownOption(const Table& table, std::string_view typed, const std::vector<std::string>& pieces) {
-    Error error = unknownOption(typed);
+Error unknownOption(const Table& table, std::string_view argument, const JoinedLetters& letters,
+                    bool isOnCommandLine) {
+    const std::string_view typed = argument.substr(0, argument.find('='));
     const std::string name = withoutHyphens(typed);
-    const bool isOffForm = name.compare(0, 2, "no") == 0;
-    error.candidates = nearestNames(name, typeableNames(table, isOffForm));
+    Error error = unknownOption(typed);
+    error.candidates = nearestNames(name, typeableNames(table, beginsWith(name, "no")));
     constexpr std::size_t mostPieces = 6;
-    if (pieces.size() > 1 && pieces.size() <= mostPieces) {
-        error.sentence += joined({"; if ", quotedAll(pieces), " are meant, write them apart"});
-    } else if (!error.candidates.empty()) {
-        error.sentence += joined({"; did you mean ", quotedAlternatives(hyphenedAll(error.candidates)), "?"});
+    std::string hint = rewritten(table, argument);
+    if (hint.empty() && letters.pieces.size() > 1 && letters.pieces.size() <= mostPieces) {
+        error.sentence += joined({"; if ", quotedAll(letters.pieces), " are meant, write them apart"});
+        return error;
     }
+    if (hint.empty() && isOnCommandLine) hint = otherPlaceOf(table, name);
+    if (hint.empty()) hint = offFormOfNoSwitch(table, name);
+    if (hint.empty() && !error.candidates.empty()) {
+        hint = joined({"; did you mean ", quotedAlternatives(hyphenedAll(error.candidates)), "?"});
+    }
+    if (hint.empty() && !letters.strange.empty()) {
+        error.sentence = joined({"unknown option ", quoted("-" + letters.strange), " in ", quoted(typed)});
+    }
+    error.sentence += hint;
     return error;
 }
 
@@ -120,7 +200,7 @@ Error needsValue(const Record& record) {
 }
 
 Error needsValueThatLooksLikeOption(const Record& record, std::string_view next) {
-    const std::string behindSign = quoted(joined({record.shownName(), "=", next}));
+    const std::string behindSign = quoted(joined({record.shownName(), "=", record.isSecret ? "-***" : next}));
     return mistakeOf(
         record, Kind::missingValue,
         joined({named(record), " needs a value; for one that begins with '-', write ", behindSign}));
@@ -134,27 +214,14 @@ Error takesNoValue(const Record& record) {
     return mistakeOf(record, Kind::unexpectedValue, named(record) + " takes no value");
 }
 
-Error emptyItem(const Record& record, std::string_view value) {
-    Error error = mistakeOf(record, Kind::emptyItem, quoted(value) + " has an empty item");
-    error.value = value;
-    return error;
-}
-
-Error neitherOnNorOff(const Record& record, std::string_view value) {
-    Error error =
-        mistakeOf(record, Kind::invalidValue,
-                  joined({quoted(value), " is neither yes nor no, which ", named(record), " takes"}));
-    error.value = value;
-    return error;
-}
-
 Error onlyOnCommandLine(const Record& record) {
     return mistakeOf(record, Kind::unknownOption, named(record) + " belongs on the command line");
 }
 
-Error noOptionInSettings(std::string_view argument) {
+Error noOptionInSettings(const Table& table, std::string_view argument) {
     return mistake(Kind::tooManyArguments,
-                   quoted(argument) + " is no option, and settings hold nothing else");
+                   joined({quoted(argument), " is no option, and settings hold nothing else",
+                           rewritten(table, argument)}));
 }
 
 Error unexpectedArgument(std::string_view argument) {
@@ -194,8 +261,10 @@ Error ambiguousCommand(std::string_view typed, const Meaning& meaning) {
 }
 
 Error missingOption(const Record& record) {
-    return mistakeOf(record, Kind::missingOption,
-                     joined({"missing option: ", record.shownName(), " ", escaped(record.metavar())}));
+    const std::string what = joined({record.shownName(), " ", escaped(record.metavar())});
+    Error error = mistakeOf(record, Kind::missingOption, "missing option: " + what);
+    error.reason = what;
+    return error;
 }
 
 Error missingOneOf(const Table& table, const RuleGroup& group) {
@@ -209,9 +278,11 @@ Error missingOneOf(const Table& table, const RuleGroup& group) {
 }
 
 Error missingArgument(const Record& record, unsigned found) {
-    std::string sentence = "missing argument: " + escaped(record.metavar());
-    if (found > 0) sentence += joined({" (", std::to_string(record.atLeast), " or more)"});
-    return mistakeOf(record, Kind::missingArgument, std::move(sentence));
+    std::string what = escaped(record.metavar());
+    if (found > 0) what += joined({" (", std::to_string(record.atLeast), " or more)"});
+    Error error = mistakeOf(record, Kind::missingArgument, "missing argument: " + what);
+    error.reason = std::move(what);
+    return error;
 }
 
 Error conflict(const Record& first, const Record& second) {
@@ -226,6 +297,24 @@ Error missingCompanion(const Record& given, const Record& needed) {
                             joined({named(given), " needs ", named(needed), " as well"}));
     error.candidates = {std::string(needed.firstName())};
     return error;
+}
+
+std::string mistakesToShow(const std::vector<Error>& errors) {
+    const Error& first = errors.front();
+    const bool isOption = first.kind == Kind::missingOption;
+    if (!isOption && first.kind != Kind::missingArgument) return first.text();
+    std::vector<std::string> missing;
+    std::vector<std::string> others;  // one of several is missing
+    for (const Error& error : errors) {
+        if (error.kind != first.kind) continue;
+        const bool isOne = !error.option.empty();
+        (isOne ? missing : others).push_back(isOne ? error.reason : error.sentence);
+    }
+    const std::string what = isOption ? "missing option" : "missing argument";
+    if (!missing.empty())
+        others.insert(others.begin(),
+                      joined({what, missing.size() > 1 ? "s: " : ": ", listed(missing, ", ")}));
+    return listed(others, "; ");
 }
 
 std::string deprecationAdvice(const Record& record) {

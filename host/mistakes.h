@@ -18,17 +18,22 @@ std::vector<std::string> typeableNames(const Table& table, bool withOffForms);
 
 Error namesNoOption(std::string_view typed);
 Error unknownOption(std::string_view typed);
-/// The same with what may have been meant. `pieces` are the letters that the argument joins, as they would be written apart.
-Error unknownOption(const Table& table, std::string_view typed, const std::vector<std::string>& pieces);
+
+/// What may have been meant by an argument that names no option.
+struct JoinedLetters {
+    std::vector<std::string> pieces;  ///< As they would be written apart, if all are names of options.
+    std::string strange;              ///< The first that is none, if some in front of it are.
+};
+/// The same with what may have been meant. Another place is no help in settings.
+Error unknownOption(const Table& table, std::string_view argument, const JoinedLetters& letters,
+                    bool isOnCommandLine);
 Error ambiguousOption(std::string_view typed, const Meaning& meaning);
 Error needsValue(const Record& record);
 Error needsValueThatLooksLikeOption(const Record& record, std::string_view next);
 Error emptyValue(const Record& record, std::string_view typed);
 Error takesNoValue(const Record& record);
-Error emptyItem(const Record& record, std::string_view value);
-Error neitherOnNorOff(const Record& record, std::string_view value);
 Error onlyOnCommandLine(const Record& record);
-Error noOptionInSettings(std::string_view argument);
+Error noOptionInSettings(const Table& table, std::string_view argument);
 Error unexpectedArgument(std::string_view argument);
 Error unreadableFile(std::string_view path, std::string_view reason);
 Error missingCommand(const Table& table);
@@ -39,6 +44,10 @@ Error missingOneOf(const Table& table, const RuleGroup& group);
 Error missingArgument(const Record& record, unsigned found);
 Error conflict(const Record& first, const Record& second);
 Error missingCompanion(const Record& given, const Record& needed);
+
+/// What a user is shown of all mistakes: the first one or, where that is missing, all
+/// of its kind that are.
+std::string mistakesToShow(const std::vector<Error>& errors);
 
 std::string deprecationAdvice(const Record& record);
 

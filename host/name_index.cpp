@@ -41,7 +41,8 @@ bool NameIndex::add(std::string_view name, NameMeaning meaning) {
 
 void NameIndex::grow() {
     constexpr std::size_t smallest = 32;
-    std::vector<unsigned> more(slots.empty() ? smallest : 2 * slots.size());
+    std::vector<unsigned> more(slots.empty() ? smallest : 4 * slots.size());
+    entries.reserve(more.size() / 2);
     slots.swap(more);
     for (std::size_t i = 0; i < entries.size(); ++i)
         slots[slotFor(entries[i].name, entries[i].hash)] = static_cast<unsigned>(i + 1);

@@ -7,7 +7,6 @@
 #include "mistakes.h"
 #include "shown_text.h"
 #include "sources.h"
-#include "value_reader.h"
 
 namespace vorn_3_1::host::detail {
 
@@ -20,16 +19,6 @@ constexpr unsigned commandLineRank = UINT_MAX;
 // What is missing comes behind all that was typed, positional arguments last.
 constexpr std::size_t argumentOrder = static_cast<std::size_t>(-1);
 constexpr std::size_t ruleOrder = argumentOrder - 1;
-
-/// Whether a list's text has an empty item anywhere.
-bool hasEmptyItem(std::string_view text, char separator) {
-    char previous = separator;
-    for (const char character : text) {
-        if (character == separator && previous == separator) return true;
-        previous = character;
-    }
-    return previous == separator;
-}
 
 }  // namespace
 
@@ -145,23 +134,10 @@ void Parse::addVariable(Table& table, unsigned index, const char* value, Stage& 
     token.argument.text = "--" + std::string(record.firstName());
     if (record.what == What::option) {
         token.argument.text.append("=").append(value);
-    } else if (record.what == What::count) {
-        const std::string reason = Type<int>::read(value, token.count);
-        constexpr int mostCounted = 1000;  // each would be an argument on a command line
-        if (!reason.empty() || token.count < 0 || token.count > mostCounted) {
-            Error error = neitherOnNorOff(record, value);
-            error.sentence =
-                joined({quoted(value), " is not a whole number from 0 to ", std::to_string(mostCounted),
-                        ", which '", record.shownName(), "' takes"});
-            return findings.add(std::move(error), argument, order);
-        }
-    } else {
-        bool isOn = false;
-        if (!Type<bool>::read(value, isOn).empty()) {
-            return findings.add(neitherOnNorOff(record, value), argument, order);
-        }
-        if (!isOn) token.count = 0;
-        if (!isOn && record.what == What::toggle) token.argument.text.insert(2, "no-");
+    } else if (Refusal refusal = readOccurrences(record, value, token.count)) {
+        return refuse(record, value, std::move(refusal), argument, order);
+    } else if (token.count == 0 && record.what == What::toggle) {
+        token.argument.text.insert(2, "no-");
     }
     findings.advise(record);
     variables.tokens.push_back(std::move(token));
@@ -266,36 +242,26 @@ void Parse::occurrence(std::size_t number, int position) {
     if (slot.rank == stage->rank) slot.places[placeOf[number]].position = position;
 }
 
-/// Reads one text, or each item of a list; nothing of it is kept if anything is wrong.
+/// Nothing of the text is kept if anything is wrong.
 void Parse::readTexts(const Record& record, std::string_view text, Slot& slot, Place place, std::size_t order,
                       const Argument& argument) {
-    const auto fail = [&](Error error) {
-        findings.refused.push_back(&record);
-        findings.add(std::move(error), argument, order);
-    };
-    const std::size_t kept = slot.values->size();
-    if (record.separator != '\0' && hasEmptyItem(text, record.separator))
-        return fail(emptyItem(record, text));
-    const char separator = record.separator;
-    while (true) {
-        const std::size_t end = separator != '\0' ? text.find(separator) : std::string_view::npos;
-        const std::string_view item = text.substr(0, end);
-        if (Refusal refusal = readValue(record, item, *slot.values)) {
-            while (slot.values->size() > kept)
-                slot.values->dropLast();
-            Error error;
-            error.kind = refusal.kind;
-            error.option = record.firstName();
-            error.value = item;
-            error.reason = std::move(refusal.reason);
-            error.candidates = std::move(refusal.candidates);
-            error.sentence = std::move(refusal.sentence);
-            return fail(std::move(error));
-        }
-        if (end == std::string_view::npos) break;
-        text.remove_prefix(end + 1);
+    if (Refusal refusal = readItems(record, text, *slot.values)) {
+        return refuse(record, text, std::move(refusal), argument, order);
     }
     slot.places.resize(slot.values->size(), place);
+}
+
+void Parse::refuse(const Record& record, std::string_view text, Refusal refusal, const Argument& argument,
+                   std::size_t order) {
+    Error error;
+    error.kind = refusal.kind;
+    error.option = record.firstName();
+    error.value = refusal.value.empty() ? std::string(text) : std::move(refusal.value);
+    error.reason = std::move(refusal.reason);
+    error.candidates = std::move(refusal.candidates);
+    error.sentence = std::move(refusal.sentence);
+    findings.refused.push_back(&record);
+    findings.add(std::move(error), argument, order);
 }
 
 /// Gives each positional argument its texts: those that take one get theirs first, from both ends, then those that may
@@ -391,9 +357,10 @@ void Parse::reportMissing(const Level& level) {
         const bool isGiven = level.isGiven(i);
         if (record.isRequired && !isGiven && !wasRefused(record)) report(missingOption(record));
         if (!isGiven || !record.details) continue;
-        for (const unsigned needed : record.details->needs) {
-            const Record& other = level.table->records[needed];
-            if (!level.isGiven(needed) && !wasRefused(other)) report(missingCompanion(record, other));
+        for (const AnyKey needed : record.details->needs) {
+            const Level& owner = *data->level(needed);  // this one, or an outer parser's
+            const Record& other = owner.table->records[needed.index];
+            if (!owner.isGiven(needed.index) && !wasRefused(other)) report(missingCompanion(record, other));
         }
     }
 }

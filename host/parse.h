@@ -9,6 +9,7 @@
 
 #include "result_data.h"
 #include "table.h"
+#include "value_reader.h"
 #include "walk.h"
 
 namespace vorn_3_1::host::detail {
@@ -70,6 +71,8 @@ private:
     Slot& slotFor(const Table& table, unsigned index, unsigned rank);
     void readTexts(const Record& record, std::string_view text, Slot& slot, Place place, std::size_t order,
                    const Argument& argument);
+    void refuse(const Record& record, std::string_view text, Refusal refusal, const Argument& argument,
+                std::size_t order);
     const Argument& argumentOf(const Token& token) const { return stage->arguments[token.from]; }
     void report(Error error);
     bool wasRefused(const Record& record) const;

@@ -90,6 +90,15 @@ Found find(const ResultData* data, AnyKey key) {
     return {&level->table->records[key.index], slot != nullptr && !slot->isEmpty() ? slot : nullptr};
 }
 
+/// For whoever is to read something.
+Found findToRead(const ResultData* data, AnyKey key) {
+    const Found found = find(data, key);
+    if (found.record != nullptr) return found;
+    throw std::logic_error(
+        "vorn: the result holds nothing for this key: it is of a command that was not chosen, of another "
+        "parser, or the result is empty");
+}
+
 Stretch stretchOf(const Slot& slot, Range range) {
     const std::vector<Place>& places = slot.places;
     const auto isBefore = [](const Place& place, int position) { return place.position < position; };
@@ -107,13 +116,7 @@ Stretch stretchOf(const Slot& slot, Range range) {
 Result::~Result() { delete data; }
 
 const detail::Values* Result::read(AnyKey key) const {
-    const detail::Found found = detail::find(data, key);
-    if (found.record == nullptr) {
-        throw std::logic_error(
-            "vorn: the result holds nothing for this key: it is of a command that was not chosen, of another "
-            "parser, "
-            "or the result is empty");
-    }
+    const detail::Found found = detail::findToRead(data, key);
     return found.slot != nullptr ? found.slot->values.get() : detail::defaultOf(*found.record);
 }
 
@@ -129,8 +132,7 @@ const detail::Values& Result::readOne(AnyKey key) const {
 /// Where the stretch reaches back to before the first argument and the layer in force has nothing in it, a lower one
 /// does: each file of `tool a.c -O2 b.c` gets its own level, the first one the default.
 detail::Stretch Result::stretch(AnyKey key, Range range, bool withDefault) const {
-    const detail::Found found = detail::find(data, key);
-    if (found.record == nullptr) return {};
+    const detail::Found found = detail::findToRead(data, key);
     for (const detail::Slot* slot = found.slot; slot != nullptr; slot = slot->lower.get()) {
         const detail::Stretch part = detail::stretchOf(*slot, range);
         if (part.begin < part.end) return part;

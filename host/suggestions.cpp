@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "shown_text.h"
+#include "text_parts.h"
 
 namespace vorn_3_1::host::detail {
 
@@ -23,15 +24,7 @@ unsigned toleranceFor(std::size_t length) {
     return length <= 8 ? 2 : 3;
 }
 
-std::vector<std::string_view> wordsOf(std::string_view name) {
-    std::vector<std::string_view> words;
-    for (std::size_t hyphen = name.find('-'); hyphen != std::string_view::npos; hyphen = name.find('-')) {
-        words.push_back(name.substr(0, hyphen));
-        name.remove_prefix(hyphen + 1);
-    }
-    words.push_back(name);
-    return words;
-}
+std::vector<std::string_view> wordsOf(std::string_view name) { return piecesOf<std::string_view>(name, '-'); }
 
 /// How far the typed word is from the word, or from a beginning of it.
 unsigned wordDistance(std::string_view typed, std::string_view word, unsigned most) {

@@ -5,6 +5,7 @@
 
 #include "library.h"
 #include "shown_text.h"
+#include "text_parts.h"
 #include "value_reader.h"
 
 namespace vorn_3_1::host::detail {
@@ -17,12 +18,6 @@ unsigned nextId() {
     return ++last;
 }
 
-bool isLetterOrDigit(char character) {
-    const auto byte = static_cast<unsigned char>(character);
-    return byte >= 0x80 || (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
-           (byte >= 'a' && byte <= 'z');
-}
-
 [[noreturn]] void fail(std::string_view name, std::string_view fault) {
     throw RegistrationError(joined({"'", escaped(name), "': ", fault}));
 }
@@ -33,19 +28,11 @@ const char* faultOf(std::string_view name) {
     if (name.front() == '-') return "a name is declared without its hyphens";
     if (std::none_of(name.begin(), name.end(), isLetterOrDigit)) return "a name needs a letter or a digit";
     for (const char character : name) {
-        const bool isBlank = static_cast<unsigned char>(character) <= ' ' || character == 0x7F;
-        if (isBlank || character == '=') return "a name cannot hold '=', blanks or control characters";
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte > '=' && byte != 0x7F) continue;  // a letter, mostly
+        if (byte <= ' ' || byte >= '=') return "a name cannot hold '=', blanks or control characters";
     }
     return nullptr;
-}
-
-template <class Each>
-void forEachName(std::string_view names, Each each) {
-    for (std::size_t comma = names.find(','); comma != std::string_view::npos; comma = names.find(',')) {
-        each(names.substr(0, comma));
-        names.remove_prefix(comma + 1);
-    }
-    each(names);
 }
 
 /// Where choices are few and short, they are what help calls the value.
@@ -58,8 +45,7 @@ std::string choicesAsMetavar(const Record& record) {
 }  // namespace
 
 std::vector<std::string> Record::allNames() const {
-    std::vector<std::string> all;
-    forEachName(names, [&all](std::string_view name) { all.emplace_back(name); });
+    std::vector<std::string> all = piecesOf(names, ',');
     if (details) all.insert(all.end(), details->synonyms.begin(), details->synonyms.end());
     return all;
 }
@@ -108,6 +94,7 @@ std::string_view Table::keepJoined(std::string_view front, std::string_view text
 }
 
 unsigned Table::enter(std::string_view declared, std::string_view about, What what, const TypeFacts& type) {
+    if (what < What::help) dropBuiltIns();
     constexpr std::size_t usual = 16;  // spares a parser of ordinary size all growing but one
     if (records.empty()) records.reserve(usual);
     const auto number = static_cast<unsigned>(records.size());
@@ -138,7 +125,7 @@ unsigned Table::enter(std::string_view declared, std::string_view about, What wh
 }
 
 Table& Table::enterCommand(std::string_view declared, std::string_view about) {
-    forEachName(declared, [&](std::string_view name) {
+    forEachPiece(declared, ',', [&](std::string_view name) {
         if (const char* fault = faultOf(name)) fail(name, fault);
     });
     if (hasPositionals())
@@ -147,7 +134,7 @@ Table& Table::enterCommand(std::string_view declared, std::string_view about) {
     const std::size_t before = commandNames.size();
     commands.push_back(std::make_unique<Table>(declared, about, this));
     try {
-        forEachName(keep(declared), [&](std::string_view name) {
+        forEachPiece(keep(declared), ',', [&](std::string_view name) {
             if (!commandNames.add(name, {number, false})) fail(name, "there is a command of this name");
         });
     } catch (...) {
@@ -162,7 +149,7 @@ Table& Table::enterCommand(std::string_view declared, std::string_view about) {
 /// A switch answers to the "no-" forms of its names, too.
 void Table::enterNames(unsigned number) {
     const Record& record = records[number];
-    forEachName(record.names, [&](std::string_view name) { enterName(name, number); });
+    forEachPiece(record.names, ',', [&](std::string_view name) { enterName(name, number); });
     if (!record.details) return;
     for (const std::string& name : record.details->synonyms)
         enterName(keep(name), number);  // the list may grow and move them
@@ -170,6 +157,7 @@ void Table::enterNames(unsigned number) {
 
 void Table::enterSynonym(std::string_view name, unsigned number) {
     if (isCommand() && !areNamesEntered) return;  // seal does it
+    dropBuiltIns();
     const std::size_t before = optionNames.size();
     try {
         enterName(keep(name), number);
@@ -209,6 +197,11 @@ unsigned Table::indexOf(AnyKey key, const char* use) const {
     throw RegistrationError(joined({use, ": the key belongs to another parser; use keys of this one"}));
 }
 
+const Table* Table::ownerOf(AnyKey key) const {
+    if (key.parser == id && key.index < records.size()) return this;
+    return outer != nullptr ? outer->ownerOf(key) : nullptr;
+}
+
 void Table::enterGroup(std::initializer_list<AnyKey> keys, bool needsOne) {
     RuleGroup entered = {{}, needsOne};
     for (const AnyKey key : keys) {
@@ -225,10 +218,7 @@ void Table::enterGroup(std::initializer_list<AnyKey> keys, bool needsOne) {
     ++changes;
 }
 
-std::string Table::path() const {
-    const std::string own = names.substr(0, isCommand() ? names.find(',') : std::string::npos);
-    return isCommand() ? outer->path() + " " + own : own;
-}
+std::string Table::path() const { return isCommand() ? joined({outer->path(), " ", firstName()}) : names; }
 
 bool Table::hasPositionals() const {
     return std::any_of(records.begin(), records.end(),
@@ -366,6 +356,31 @@ void Table::checkGroup(const RuleGroup& rule) const {
     }
 }
 
+/// Whatever has to be given together must not exclude each other.
+void Table::checkNeeds(unsigned number) const {
+    std::vector<unsigned> together = {number};
+    for (std::size_t i = 0; i < together.size(); ++i) {
+        const Record& record = records[together[i]];
+        if (!record.details) continue;
+        for (const AnyKey needed : record.details->needs) {
+            const bool isThere = std::find(together.begin(), together.end(), needed.index) != together.end();
+            if (needed.parser == id && !isThere) together.push_back(needed.index);
+        }
+    }
+    for (const RuleGroup& rule : groups) {
+        std::vector<std::string> members;
+        for (const unsigned one : together) {
+            const bool isMember =
+                std::find(rule.members.begin(), rule.members.end(), one) != rule.members.end();
+            if (isMember) members.push_back("'" + records[one].shownName() + "'");
+        }
+        if (members.size() < 2) continue;
+        fail(records[number].firstName(),
+             joined({"nobody can give it, since ", listed(members, " and "),
+                     " have to be given together and exclude each other; drop needs() or the rule"}));
+    }
+}
+
 /// No name may be a global option's as well; a switch has two forms of each.
 void Table::checkGlobalName(const std::string& name, bool isSwitch) const {
     if (find(name) == nullptr && (!isSwitch || find("no-" + name) == nullptr)) return;
@@ -381,29 +396,40 @@ bool Table::isTaken(std::string_view name) const {
     return false;
 }
 
+/// They stand behind all that a host has declared, and give way to whatever it declares later.
 void Table::enterBuiltIns() {
     const TypeFacts& flag = TypeFactsOf<bool>::facts;
-    const auto isThere = [this](What what) {
-        return std::any_of(records.begin(), records.end(),
-                           [what](const Record& record) { return record.what == what; });
-    };
-    if (!isThere(What::help) && !isTaken("help")) {
+    declaredNames = optionNames.size();
+    if (!isTaken("help")) {
         enter(isTaken("h") ? "help" : "help,h", "Show this help and exit.", What::help, flag);
     }
     const bool hidesSome = std::any_of(records.begin(), records.end(), [](const Record& record) {
         return record.isHidden || record.isDeprecated;
     });
-    if (hidesSome && !isThere(What::helpAll) && !isTaken("help-all")) {
+    if (hidesSome && !isTaken("help-all")) {
         enter("help-all", "Show the help with all options and exit.", What::helpAll, flag);
     }
-    if (!versionText.empty() && !isThere(What::version) && !isTaken("version")) {
+    if (!versionText.empty() && !isTaken("version")) {
         enter("version", "Show the version and exit.", What::version, flag);
     }
 }
 
-void Table::seal() { examineAll(nullptr); }
+void Table::dropBuiltIns() {
+    if (records.empty() || !records.back().isBuiltIn()) return;
+    while (!records.empty() && records.back().isBuiltIn())
+        records.pop_back();
+    optionNames.shrink(declaredNames);
+    ++changes;
+}
+
+void Table::seal() {
+    if (sealedChanges == changesWithOuter()) return;
+    examineAll(nullptr);
+    sealedChanges = changesWithOuter();
+}
 
 void Table::examineAll(std::vector<std::string>* faults) {
+    dropBuiltIns();
     const std::size_t before = faults != nullptr ? faults->size() : 0;
     const bool lacksNames = isCommand() && !areNamesEntered;
     if (lacksNames) {
@@ -419,6 +445,10 @@ void Table::examineAll(std::vector<std::string>* faults) {
     }
     for (const RuleGroup& rule : groups)
         examine(faults, [&] { checkGroup(rule); });
+    for (unsigned i = 0; i < records.size() && !groups.empty(); ++i) {
+        const bool needsOthers = records[i].details && !records[i].details->needs.empty();
+        if (needsOthers) examine(faults, [&] { checkNeeds(i); });
+    }
     for (const Table* further = outer; further != nullptr; further = further->outer) {
         for (const Record& record : further->records) {
             if (!record.isGlobal) continue;

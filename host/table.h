@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "name_index.h"
+#include "text_parts.h"
 #include "vorn/host/key.h"
 #include "vorn/host/option.h"
 #include "vorn/host/parser.h"
@@ -41,7 +42,7 @@ struct Details {
     Owned<Values> defaults;
     Owned<Values> implicit;
     std::vector<Owned<Check>> checks;
-    std::vector<unsigned> needs;
+    std::vector<AnyKey> needs;  ///< Of this parser or an outer one.
     Owned<Offer> offer;
 };
 
@@ -64,8 +65,9 @@ struct Record {
     bool isDeprecated = false;
     bool isGlobal = false;
     bool isOnlyTyped = false;  ///< Only the command line may have it.
+    bool isSecret = false;     ///< Nobody is shown its value.
 
-    std::string_view firstName() const { return names.substr(0, names.find(',')); }
+    std::string_view firstName() const { return detail::firstName(names); }
     std::vector<std::string> allNames() const;
     bool isOption() const { return what != What::positional && what != What::rest; }
     bool isPositional() const { return !isOption(); }
@@ -144,6 +146,8 @@ public:
 
     /// The record that a key names. Throws RegistrationError if the key is another parser's.
     unsigned indexOf(AnyKey key, const char* use) const;
+    /// The parser that the key is of, this one or an outer one, or null.
+    const Table* ownerOf(AnyKey key) const;
 
     /// A copy that lives as long as the table, with a NUL behind it.
     std::string_view keep(std::string_view text) { return keepJoined(text, {}); }
@@ -152,6 +156,8 @@ public:
 
     bool isCommand() const { return outer != nullptr; }
     Table& root() { return outer != nullptr ? outer->root() : *this; }
+    /// Of a command.
+    std::string_view firstName() const { return detail::firstName(names); }
     /// "nctl remove": the commands that lead here.
     std::string path() const;
     bool hasPositionals() const;
@@ -190,13 +196,17 @@ public:
     Parser self;                       ///< What a host holds of a command.
 
 private:
+    static constexpr unsigned long noChanges = static_cast<unsigned long>(-1);
+
     std::string_view keepJoined(std::string_view front, std::string_view text);
     void enterNames(unsigned index);
     void enterName(std::string_view name, unsigned index);
     void enterForm(std::string_view form, NameMeaning meaning);
     void enterBuiltIns();
+    void dropBuiltIns();
     void checkRecord(const Record& record) const;
     void checkGroup(const RuleGroup& rule) const;
+    void checkNeeds(unsigned index) const;
     void checkGlobalName(const std::string& name, bool isSwitch) const;
     bool isTaken(std::string_view name) const;
     void examineAll(std::vector<std::string>* faults);
@@ -204,7 +214,9 @@ private:
     NameIndex optionNames;
     NameIndex positionalNames;  ///< No names on a command line.
     NameIndex commandNames;
-    bool areNamesEntered = false;  ///< Of a command: not before it is chosen.
+    bool areNamesEntered = false;   ///< Of a command: not before it is chosen.
+    std::size_t declaredNames = 0;  ///< How many stand in front of those of --help and its like.
+    unsigned long sealedChanges = noChanges;
 };
 
 void release(Table* root);

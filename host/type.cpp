@@ -7,7 +7,7 @@
 #include <limits>
 #include <system_error>
 
-#include "shown_text.h"
+#include "text_parts.h"
 
 namespace vorn_3_1::host::detail {
 
@@ -16,8 +16,6 @@ Check::~Check() = default;
 Offer::~Offer() = default;
 
 namespace {
-
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 std::string_view withoutSign(std::string_view text) {
     const bool isSigned = !text.empty() && (text.front() == '+' || text.front() == '-');

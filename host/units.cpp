@@ -3,12 +3,15 @@
 #include <climits>
 #include <system_error>
 
+#include "text_parts.h"
 #include "vorn/host/byte_size.h"
 #include "vorn/host/duration.h"
 
 namespace vorn_3_1::host {
 
 namespace {
+
+using detail::isDigit;
 
 struct Unit {
     std::string_view name;
@@ -23,8 +26,6 @@ constexpr Unit timeUnits[] = {
 constexpr Unit byteUnits[] = {{"Ti", 1ULL << 40}, {"T", 1000000000000}, {"Gi", 1ULL << 30},
                               {"G", 1000000000},  {"Mi", 1ULL << 20},   {"M", 1000000},
                               {"Ki", 1ULL << 10}, {"k", 1000},          {"K", 1000}};
-
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 std::string_view cutWhile(std::string_view& text, bool digits) {
     std::size_t size = 0;

@@ -2,6 +2,7 @@
 
 #include "shown_text.h"
 #include "suggestions.h"
+#include "text_parts.h"
 
 namespace vorn_3_1::host::detail {
 
@@ -17,8 +18,23 @@ Refusal refuse(Error::Kind kind, std::string reason, std::string sentence) {
     return refusal;
 }
 
+/// No message shows a secret.
+std::string quotedValue(const Record& record, std::string_view text) {
+    return record.isSecret ? "'***'" : quoted(text);
+}
+
+/// Whether a list's text has an empty item anywhere.
+bool hasEmptyItem(std::string_view text, char separator) {
+    char previous = separator;
+    for (const char character : text) {
+        if (character == separator && previous == separator) return true;
+        previous = character;
+    }
+    return previous == separator;
+}
+
 std::string about(std::string_view text, std::string_view says, const Record& record) {
-    return joined({quoted(text), " ", says, " '", record.shownName(), "'"});
+    return joined({quotedValue(record, text), " ", says, " '", record.shownName(), "'"});
 }
 
 /// "is too large" or "is too small", with the limit that the option has or else its type.
@@ -41,7 +57,8 @@ Refusal unreadable(const Record& record, std::string_view text, const std::strin
     }
     if (reason.compare(0, 3, "is ") == 0) {
         return refuse(Error::Kind::invalidValue, reason,
-                      joined({quoted(text), " ", shown(reason), ", which '", record.shownName(), "' takes"}));
+                      joined({quotedValue(record, text), " ", shown(reason), ", which '", record.shownName(),
+                              "' takes"}));
     }
     return refuse(Error::Kind::invalidValue, reason,
                   about(text, "is no value for", record) + ": " + shown(reason));
@@ -68,10 +85,6 @@ Refusal notAllowed(const Record& record, std::string_view text) {
     Refusal refusal = refuse(Error::Kind::notAllowed, "", std::move(sentence));
     refusal.candidates = std::move(near);
     return refusal;
-}
-
-bool beginsWith(std::string_view text, std::string_view beginning) {
-    return text.substr(0, beginning.size()) == beginning;
 }
 
 /// A text in full counts first, then a beginning that fits one choice alone. Two names for one value are one choice.
@@ -122,6 +135,40 @@ Refusal readValue(const Record& record, std::string_view text, Values& values) {
     refusal = judgeValue(record, values, values.size() - 1, text);
     if (refusal) values.dropLast();
     return refusal;
+}
+
+Refusal readItems(const Record& record, std::string_view text, Values& values) {
+    const char separator = record.separator;
+    if (separator != '\0' && hasEmptyItem(text, separator)) {
+        return refuse(Error::Kind::emptyItem, "", quotedValue(record, text) + " has an empty item");
+    }
+    const std::size_t kept = values.size();
+    while (true) {
+        const std::size_t end = separator != '\0' ? text.find(separator) : std::string_view::npos;
+        const std::string_view item = text.substr(0, end);
+        if (Refusal refusal = readValue(record, item, values)) {
+            while (values.size() > kept)
+                values.dropLast();
+            refusal.value = item;
+            return refusal;
+        }
+        if (end == std::string_view::npos) return {};
+        text.remove_prefix(end + 1);
+    }
+}
+
+Refusal readOccurrences(const Record& record, std::string_view text, int& count) {
+    constexpr int mostCounted = 1000;  // each would be an argument on a command line
+    std::string reason;
+    if (record.what == What::count) {
+        const bool isRead = Type<int>::read(text, count).empty() && count >= 0 && count <= mostCounted;
+        if (!isRead) reason = "is not a whole number from 0 to " + std::to_string(mostCounted);
+    } else {
+        bool isOn = false;
+        reason = Type<bool>::read(text, isOn);
+        count = isOn ? 1 : 0;
+    }
+    return reason.empty() ? Refusal() : unreadable(record, text, reason);
 }
 
 Refusal judgeValue(const Record& record, const Values& values, std::size_t index, std::string_view text) {

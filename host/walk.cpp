@@ -5,6 +5,7 @@
 
 #include "shown_text.h"
 #include "sources.h"
+#include "text_parts.h"
 #include "vorn/host/type.h"
 
 namespace vorn_3_1::host::detail {
@@ -12,12 +13,6 @@ namespace vorn_3_1::host::detail {
 namespace {
 
 constexpr std::string_view terminator = "--";
-
-bool isLetterOrDigit(char character) {
-    const auto byte = static_cast<unsigned char>(character);
-    return byte >= 0x80 || (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
-           (byte >= 'a' && byte <= 'z');
-}
 
 /// Whether the argument could be an option's; a single hyphen is a word like any other.
 bool isWord(std::string_view argument) {
@@ -133,7 +128,7 @@ bool Walk::expandResponseFile() {
 
 void Walk::takeTerminator() {
     take();
-    if (over != Over::commandLine) return fail(noOptionInSettings(terminator));
+    if (over != Over::commandLine) return fail(noOptionInSettings(table, terminator));
     isBehindTerminator = true;
     if (!table.commands.empty()) {
         if (!todo.empty()) chooseCommand();
@@ -156,7 +151,7 @@ void Walk::takeTerminator() {
 void Walk::takeWord() {
     if (over != Over::commandLine) {
         const std::string text = take().text;
-        return fail(noOptionInSettings(text));
+        return fail(noOptionInSettings(table, text));
     }
     if (!table.commands.empty()) return chooseCommand();
     if (wanted.empty()) {
@@ -181,14 +176,29 @@ void Walk::chooseCommand() {
     if (canName) meaning = std::move(meaningsOf(*table.commandLibrary, {"--" + typed})[0]);
     if (meaning.kind == Meaning::Kind::found) {
         command = table.commands[meaning.index].get();
+        if (findings.isHelpWord) findings.askedTable = command;
         for (auto next = todo.rbegin(); next != todo.rend(); ++next)
             left.push_back(std::move(next->argument));
         todo.clear();
         return;
     }
+    if (meaning.kind == Meaning::Kind::unknown && takeHelpWord(typed)) return;
+    if (findings.isHelpWord) {
+        findings.asked = Outcome::Asked::nothing;
+        findings.askedTable = nullptr;
+    }
     endsEarly = true;
     fail(meaning.kind == Meaning::Kind::ambiguous ? ambiguousCommand(typed, meaning)
                                                   : unknownCommand(table, typed));
+}
+
+/// "help remote add" is as good as "remote add --help", unless a command answers to the word.
+bool Walk::takeHelpWord(std::string_view typed) {
+    const NameMeaning* help = typed == "help" && !findings.isHelpWord ? table.find(typed) : nullptr;
+    if (help == nullptr || !table.records[help->index].isBuiltIn()) return false;
+    findings.isHelpWord = findings.asked == Outcome::Asked::nothing;
+    takeBuiltIn(table.records[help->index], table);
+    return true;
 }
 
 void Walk::takeNamed() {
@@ -217,8 +227,10 @@ void Walk::takeNamed() {
     }
     if (!table.has(&Table::ignoresUnknown)) {
         constexpr std::size_t mostHelped = 20;  // whoever reads on has another problem
-        const bool isHelped = findings.errors.size() < mostHelped;
-        fail(isHelped ? unknownOption(table, typedName, joinedPieces(typed)) : unknownOption(typedName));
+        if (findings.errors.size() >= mostHelped) return fail(unknownOption(typedName));
+        JoinedLetters letters = joinedLetters(typed);
+        if (!table.has(&Table::readsJoinedShort)) letters.strange.clear();
+        fail(unknownOption(table, typed, letters, over == Over::commandLine));
     }
 }
 
@@ -303,7 +315,7 @@ void Walk::askAhead() {
 
 /// -vvq, -j4, -Idir: letter by letter, or not at all.
 bool Walk::takeJoined(std::string_view typed) {
-    if (!table.has(&Table::readsJoinedShort) || joinedPieces(typed).empty()) return false;
+    if (!table.has(&Table::readsJoinedShort) || joinedLetters(typed).pieces.empty()) return false;
     const std::string text = take().text;
     std::string_view letters = std::string_view(text).substr(1);
     while (!letters.empty()) {
@@ -325,24 +337,25 @@ bool Walk::takeJoined(std::string_view typed) {
     return true;
 }
 
-/// How the letters of "-lw" would be written apart; nothing if they are not all names of one letter.
-std::vector<std::string> Walk::joinedPieces(std::string_view typed) {
-    std::vector<std::string> pieces;
-    if (typed.substr(0, 2) == "--") return pieces;
+/// How the letters of "-lw" would be written apart.
+JoinedLetters Walk::joinedLetters(std::string_view typed) {
+    JoinedLetters joinedOnes;
+    std::vector<std::string>& pieces = joinedOnes.pieces;
+    if (typed.substr(0, 2) == "--") return joinedOnes;
     std::string_view letters = typed.substr(1);
     while (!letters.empty() && letters[0] != '=') {
         const std::string_view letter = letters.substr(0, firstCharacter(letters).length);
         letters.remove_prefix(letter.size());
         const std::optional<Meaning> meaning = meaningOfLetter(letter);
-        if (!meaning) return {};
+        if (!meaning) return {{}, pieces.empty() ? std::string() : std::string(letter)};
         pieces.push_back(joined({"-", letter}));
         const bool takesLetters =
             meaning->record().what == What::option && meaning->record().implicit() == nullptr;
         if (!takesLetters || letters.empty()) continue;
         pieces.emplace_back(letters.substr(letters[0] == '=' ? 1 : 0));
-        return pieces;
+        break;
     }
-    return pieces;
+    return joinedOnes;
 }
 
 /// The option that has this very letter as a name.

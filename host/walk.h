@@ -40,6 +40,7 @@ struct Findings {
     std::vector<const Record*>
         refused;  ///< There is a mistake in them, so that they are not missing as well.
     Outcome::Asked asked = Outcome::Asked::nothing;
+    bool isHelpWord = false;  ///< Asked for by a word, behind which commands may follow.
     bool asksForAll = false;
     Table* askedTable = nullptr;
     ResultData* data = nullptr;
@@ -82,13 +83,14 @@ private:
     void takeBuiltIn(const Record& record, Table& owner);
     void takeValue(const Meaning& meaning, std::string_view name, std::string_view value, bool hasSign);
     void takeNextAsValue(const Meaning& meaning, std::string_view name);
+    bool takeHelpWord(std::string_view typed);
     bool takeJoined(std::string_view typed);
     void chooseCommand();
     bool expandResponseFile();
 
     const Meaning& meaningOfNext();
     void askAhead();
-    std::vector<std::string> joinedPieces(std::string_view typed);
+    JoinedLetters joinedLetters(std::string_view typed);
     std::optional<Meaning> meaningOfLetter(std::string_view letter);
     bool isUnknownNegativeNumber(Pending& next);
     bool wantsNumber() const;

@@ -18,13 +18,9 @@ namespace vorn_3_1::internal {
 unsigned OptionIndex::addName(const RegisteredName& name, unsigned previous) noexcept {
     const auto number = static_cast<unsigned>(names().size());
     if (previous != none) table.at(previous).next = number;
-    if (RegisteredName* first = table.find(name.key(), name.hash)) {
-        first->isTwice = true;
-        first->isOfAnySwitch |= name.isOfSwitch;
-        table.addHidden(name);
-    } else {
-        table.add(name, name.hash);
-    }
+    RegisteredName& first = table.add(name, name.hash);
+    first.isTwice = numberOf(first) != number;
+    first.isOfAnySwitch |= name.isOfSwitch;
     return number;
 }
 

@@ -61,6 +61,8 @@ public:
 
     const Item* begin() const { return items.data(); }
     const Item* end() const { return items.data() + count; }
+    Item* begin() { return items.data(); }
+    Item* end() { return items.data() + count; }
     std::size_t size() const { return count; }
 
 private:
@@ -84,21 +86,19 @@ IOption* RegisteredOptionStorage::add(const char* names, const char* description
     fallback.status = unfinished;  // stays after a success, too
     Registration registration;
     registration.group = fileGroup(textOrEmpty(group));
-    const NameList list(textOrEmpty(names));
+    NameList list(textOrEmpty(names));
     if (!isAcceptable(list)) {
         fallback.status = namesRefused;
         return &fallback;
     }
     registration.description = context.texts.copy(textOrEmpty(description));
     registration.type = type;
-    std::array<std::string_view, mostNames> texts;
-    std::ranges::transform(list, texts.begin(),
-                           [this](const NameList::Item& name) { return context.texts.copy(name.text); });
+    for (NameList::Item& name : list)
+        name.text = context.texts.copy(name.text);
     context.index.reserveNames(list.size());
     OptionDescription& added = descriptions.emplace_back(registration, size(), context);
-    const std::string_view* text = texts.data();
     for (const NameList::Item& name : list)
-        added.addName(*text++, name.hash);
+        added.addName(name.text, name.hash);
     return &added;
 }
 

@@ -20,25 +20,12 @@ namespace vorn_3_1::internal {
 
 namespace {
 
-// "0x" and hexadecimal digits, or hexadecimal digits and "h", make a number hexadecimal. What has neither is decimal,
-// also where it has the digits: "ff" is no number. The text is not changed: readNumber takes a prefix off, and stops in
-// front of an "h".
-Base baseOf(std::string_view text) {
-    const auto isHexadecimal = [](std::string_view digits) {
-        return digits.find_first_not_of("1234567890ABCDEFabcdef") == std::string_view::npos;
-    };
-    const bool hasPrefix = text.starts_with("0x") || text.starts_with("0X");
-    if (hasPrefix && isHexadecimal(text.substr(2))) return Base::hexadecimal;
-    const bool hasSuffix = text.ends_with('h') || text.ends_with('H');
-    if (hasSuffix && isHexadecimal(text.substr(0, text.size() - 1))) return Base::hexadecimal;
-    return Base::decimal;
-}
-
 // Sets the value, or leaves it as it was when the text is no such number.
 template <class Number>
-bool readInto(tamsu2::variant_t& value, std::string_view text, Base base = Base::decimal) {
+bool readInto(tamsu2::variant_t& value, std::string_view text,
+              bool (*read)(std::string_view, Number&) = readNumber<Number>) {
     Number number{};
-    if (!readNumber(text, base, number)) return false;
+    if (!read(text, number)) return false;
     value = tamsu2::variant_t(number);
     return true;
 }
@@ -106,7 +93,7 @@ bool OptionDescription::convert(std::string_view text, tamsu2::variant_t& value)
         case tamsu2::qel_int64:
             return readInto<long long>(value, text);
         case tamsu2::qel_uint64:
-            return readInto<unsigned long long>(value, text, baseOf(text));
+            return readInto<unsigned long long>(value, text, readNumberOrHexadecimal);
         case tamsu2::qel_double:
             return readInto<double>(value, text);
         case tamsu2::qel_string:

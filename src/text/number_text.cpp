@@ -17,6 +17,7 @@
 #include <cstddef>
 #include <limits>
 #include <locale>
+#include <optional>
 #include <sstream>
 #include <type_traits>
 
@@ -57,11 +58,9 @@ struct Scanner {
 
 // The two slow ways. The number goes through a void pointer, so that the code around the stream exists once and not
 // once for each type.
-// The stream is made in one place for all types.
-bool readByStream(std::string_view text, Base base, bool (*extract)(std::istream&, void*), void* value) {
+bool readByStream(std::string_view text, bool (*extract)(std::istream&, void*), void* value) {
     std::istringstream stream{std::string(text)};
     stream.exceptions(std::ios::badbit);  // running out of memory is no bad number
-    if (base == Base::hexadecimal) stream >> std::hex;
     return extract(stream, value);
 }
 
@@ -74,11 +73,18 @@ std::string writeByStream(void (*insert)(std::ostream&, const void*), const void
 
 // The same two for a type: they know which operator of the stream to call.
 template <class Number>
-bool readByStream(std::string_view text, Base base, Number& value) {
+bool readByStream(std::string_view text, Number& value) {
     const auto extract = [](std::istream& stream, void* target) {
         return !(stream >> *static_cast<Number*>(target)).fail();
     };
-    return readByStream(text, base, extract, &value);
+    return readByStream(text, extract, &value);
+}
+
+bool readHexadecimalByStream(std::string_view text, unsigned long long& value) {
+    const auto extract = [](std::istream& stream, void* target) {
+        return !(stream >> std::hex >> *static_cast<unsigned long long*>(target)).fail();
+    };
+    return readByStream(text, extract, &value);
 }
 
 template <class Number>
@@ -89,24 +95,39 @@ std::string writeByStream(Number value) {
     return writeByStream(insert, &value);
 }
 
-// The digits without their sign. from_chars knows no "0x", so it is taken off here. What follows the digits is ignored:
-// that is how the "h" of "1Fh" goes.
-bool readMagnitude(std::string_view text, Base base, unsigned long long& magnitude) {
-    if (base == Base::hexadecimal && (text.starts_with("0x") || text.starts_with("0X")))
-        text.remove_prefix(2);
-    const int radix = base == Base::hexadecimal ? 16 : 10;
+// The digits without their sign. What follows them is ignored.
+bool readMagnitude(std::string_view text, int radix, unsigned long long& magnitude) {
     return std::from_chars(text.data(), text.data() + text.size(), magnitude, radix).ec == std::errc();
+}
+
+// The digits of a hexadecimal number, or nothing. What has neither mark is decimal, also where it has the digits: "ff" is
+// no number.
+//
+//     "0x1F", "1Fh"    "1F"
+//     "0x", "h"        "", which is no number
+//     "1F", "0x1Fh"    nothing
+std::optional<std::string_view> hexadecimalDigits(std::string_view text) {
+    const auto areHexadecimal = [](std::string_view digits) {
+        return digits.find_first_not_of("1234567890ABCDEFabcdef") == std::string_view::npos;
+    };
+    if (text.starts_with("0x") || text.starts_with("0X")) {
+        text.remove_prefix(2);
+    } else if (text.ends_with('h') || text.ends_with('H')) {
+        text.remove_suffix(1);
+    } else {
+        return std::nullopt;
+    }
+    return areHexadecimal(text) ? std::optional(text) : std::nullopt;
 }
 
 // Reads a number of the given range as 64 bits, negative ones in two's complement. An unsigned type takes the
 // magnitudes of its positive numbers and negates by wrapping around.
-bool readInteger(std::string_view text, Base base, bool isSigned, unsigned long long largest,
-                 unsigned long long& bits) {
+bool readInteger(std::string_view text, bool isSigned, unsigned long long largest, unsigned long long& bits) {
     text = withoutLeadingBlanks(text);
     const bool negative = text.starts_with('-');
     if (negative || text.starts_with('+')) text.remove_prefix(1);
     unsigned long long magnitude = 0;
-    if (!readMagnitude(text, base, magnitude)) return false;
+    if (!readMagnitude(text, 10, magnitude)) return false;
     if (magnitude > largest + (isSigned && negative ? 1 : 0)) return false;
     bits = negative ? 0 - magnitude : magnitude;
     return true;
@@ -132,12 +153,12 @@ bool readDouble(std::string_view text, double& value) {
     // On i386 the standard library's from_chars multiplies by the power of ten in the x87's registers and so
     // rounds twice; that is why the stream reads all numbers with an exponent.
     if (digits > 0 && (scanner.next() == 'e' || scanner.next() == 'E')) {
-        return readByStream(text, Base::decimal, value);
+        return readByStream(text, value);
     }
     // Ends at the cursor: from_chars would take more than a stream does, "nan" and "inf".
     const auto read = std::from_chars(start, scanner.cursor, value);
     // Too large and too small look alike here, but only the former fails.
-    if (read.ec == std::errc::result_out_of_range) return readByStream(text, Base::decimal, value);
+    if (read.ec == std::errc::result_out_of_range) return readByStream(text, value);
     return read.ec == std::errc();
 }
 
@@ -169,19 +190,25 @@ bool isWrittenAlikeEverywhere(Number value) {
 }  // namespace
 
 template <class Number>
-bool readNumber(std::string_view text, Base base, Number& value) {
-    if (!readsAlikeEverywhere(text) && !isClassicLocale()) return readByStream(text, base, value);
+bool readNumber(std::string_view text, Number& value) {
+    if (!readsAlikeEverywhere(text) && !isClassicLocale()) return readByStream(text, value);
     if constexpr (std::is_same_v<Number, double>) {
         return readDouble(text, value);
     } else {
         using Limits = std::numeric_limits<Number>;
         // For bool, whose largest value is 1, only zero may have a minus.
         unsigned long long bits = 0;
-        if (!readInteger(text, base, Limits::is_signed, Limits::max(), bits)) return false;
+        if (!readInteger(text, Limits::is_signed, Limits::max(), bits)) return false;
         if (std::is_same_v<Number, bool> && bits > 1) return false;
         value = static_cast<Number>(bits);
         return true;
     }
+}
+
+bool readNumberOrHexadecimal(std::string_view text, unsigned long long& value) {
+    const std::optional<std::string_view> digits = hexadecimalDigits(text);
+    if (!digits) return readNumber(text, value);
+    return isClassicLocale() ? readMagnitude(*digits, 16, value) : readHexadecimalByStream(text, value);
 }
 
 template <class Number>
@@ -195,12 +222,12 @@ std::string writeNumber(Number value) {
     }
 }
 
-template bool readNumber(std::string_view, Base, bool&);
-template bool readNumber(std::string_view, Base, int&);
-template bool readNumber(std::string_view, Base, unsigned int&);
-template bool readNumber(std::string_view, Base, long long&);
-template bool readNumber(std::string_view, Base, unsigned long long&);
-template bool readNumber(std::string_view, Base, double&);
+template bool readNumber(std::string_view, bool&);
+template bool readNumber(std::string_view, int&);
+template bool readNumber(std::string_view, unsigned int&);
+template bool readNumber(std::string_view, long long&);
+template bool readNumber(std::string_view, unsigned long long&);
+template bool readNumber(std::string_view, double&);
 
 template std::string writeNumber(bool);
 template std::string writeNumber(int);

@@ -16,15 +16,16 @@
 
 namespace vorn_3_1::internal {
 
-/// How the digits of a text are read. Only integers can be hexadecimal.
-enum class Base { decimal, hexadecimal };
-
 /// Reads a number as `std::istringstream(text) >> value` does: leading blanks and a sign are taken, what
 /// follows the number is ignored, unsigned types wrap negative numbers, and what is out of range fails.
 /// The decimal point and the groups are those of the global locale of the moment. False leaves `value`
 /// unspecified. For bool, int, unsigned int, both 64-bit integers and double.
 template <class Number>
-bool readNumber(std::string_view text, Base base, Number& value);
+bool readNumber(std::string_view text, Number& value);
+
+/// The same, but a text of nothing else than "0x" and hexadecimal digits, or hexadecimal digits and "h", is read as
+/// `std::istringstream(text) >> std::hex >> value` does. Either letter may be a capital.
+bool readNumberOrHexadecimal(std::string_view text, unsigned long long& value);
 
 /// The text that `std::ostringstream() << value` gives. For the same types.
 template <class Number>

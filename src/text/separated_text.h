@@ -7,6 +7,7 @@
 #ifndef VORN_TEXT_SEPARATED_TEXT_H
 #define VORN_TEXT_SEPARATED_TEXT_H
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -30,15 +31,14 @@ public:
 
     /// Sets `item` to the next item; false when there is none.
     bool next(std::string_view& item) {
-        while (cursor < text.size()) {
-            if (text[cursor] == separator) {
-                item = text.substr(start, cursor - start);
-                start = cursor + 1;
-                cursor += 2;  // steps over the character after the separator
-                return true;
-            }
-            ++cursor;
+        const std::size_t found = text.find(separator, cursor);
+        if (found != std::string_view::npos) {
+            item = text.substr(start, found - start);
+            start = found + 1;
+            cursor = found + 2;  // steps over the character after the separator
+            return true;
         }
+        cursor = std::max(cursor, text.size());
         if (start == cursor) return false;
         // After a separator at the end the cursor stands behind the NUL. Not substr, which stops before it.
         item = {text.data() + start, cursor - start};

@@ -36,18 +36,12 @@ public:
     /// The text's entry, or null. Good until the next reserve.
     const Entry* find(std::string_view text, std::uint32_t hash) const {
         if (slots.empty()) return nullptr;
-        for (std::size_t at = hash & mask(); slots[at].entry != none; at = (at + 1) & mask()) {
-            if (slots[at].hash == hash && entries[slots[at].entry - 1].key() == text)
-                return &entries[slots[at].entry - 1];
-        }
-        return nullptr;
+        const std::uint32_t entry = slots[slotOf(text, hash)].entry;
+        return entry == none ? nullptr : &entries[entry - 1];
     }
     const Entry* find(std::string_view text) const { return find(text, hashOf(text)); }
-    Entry* find(std::string_view text, std::uint32_t hash) {
-        return const_cast<Entry*>(std::as_const(*this).find(text, hash));
-    }
 
-    /// All entries, the hidden ones too, in the order in which they were added: an entry's place is its number.
+    /// All entries, in the order in which they were added: an entry's place is its number.
     const std::vector<Entry>& all() const { return entries; }
     Entry& at(std::size_t number) { return entries[number]; }
 
@@ -59,22 +53,22 @@ public:
         if (wanted > roomIn(slots.size())) addSlots(wanted);
     }
 
-    /// Adds the entry of a text that has none. There has to be room for it.
+    /// Adds an entry and returns what find finds from now on: this entry, or the first one that has its text. There has
+    /// to be room for it.
     Entry& add(const Entry& entry, std::uint32_t hash) noexcept {
-        addHidden(entry);
-        enter({hash, static_cast<std::uint32_t>(entries.size())});
-        return entries.back();
+        entries.push_back(entry);
+        Slot& slot = slots[slotOf(entry.key(), hash)];
+        if (slot.entry == none) slot = {hash, static_cast<std::uint32_t>(entries.size())};
+        return entries[slot.entry - 1];
     }
 
-    /// Adds an entry that find does not find, since its text has one already. There has to be room for it.
-    void addHidden(const Entry& entry) noexcept { entries.push_back(entry); }
-
 private:
+    // All zeros when it is made, which a vector does fastest without constructors.
     struct Slot {
-        std::uint32_t hash = 0;
-        std::uint32_t entry = none;  // counted from 1
+        std::uint32_t hash;
+        std::uint32_t entry;  // counted from 1
     };
-    static constexpr std::uint32_t none = 0;
+    static constexpr std::uint32_t none = 0;   // of Slot::entry
     static constexpr std::size_t fewest = 16;  // slots
 
     // How many entries so many slots may serve. A quarter stays free: a search ends at a free slot, and with fewer of
@@ -83,12 +77,13 @@ private:
 
     std::size_t mask() const { return slots.size() - 1; }
 
-    // There is always a free slot, since reserve has been called before.
-    void enter(Slot slot) noexcept {
-        std::size_t at = slot.hash & mask();
-        while (slots[at].entry != none)
+    // Where the text's entry is, or the free slot for it. There is always a free one, since reserve has been called before.
+    std::size_t slotOf(std::string_view text, std::uint32_t hash) const {
+        std::size_t at = hash & mask();
+        while (slots[at].entry != none &&
+               (slots[at].hash != hash || entries[slots[at].entry - 1].key() != text))
             at = (at + 1) & mask();
-        slots[at] = slot;
+        return at;
     }
 
     // The slots know their hashes, so no text is read again.
@@ -97,7 +92,11 @@ private:
         while (roomIn(size) < wanted)
             size *= 2;
         for (const Slot& slot : std::exchange(slots, std::vector<Slot>(size))) {
-            if (slot.entry != none) enter(slot);
+            if (slot.entry == none) continue;
+            std::size_t at = slot.hash & mask();
+            while (slots[at].entry != none)
+                at = (at + 1) & mask();
+            slots[at] = slot;
         }
     }
 

@@ -313,7 +313,8 @@ void failEachAllocation(Life life) {
     for (const bool isLasting : {false, true}) {
         memory.isLasting = isLasting;
         memory.failures = 1;
-        for (unsigned failing = 1; memory.failures > 0 && !testing::Test::HasFailure(); ++failing) {
+        for (unsigned failing = 1; memory.failures > 0 && !testing::Test::HasFailure();
+             failing += requestsBetween) {
             memory.countdown = failing;
             memory.failures = 0;
             const std::size_t before = memory.live;

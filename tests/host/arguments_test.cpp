@@ -155,7 +155,7 @@ TEST_F(Arguments, shortOptionsAreReadLetterByLetterOnRequest) {
         {{"-vc=never", "-c=no"}, "c=no v1"},
         {{"-vD="}, "'-D=' has no value"},
         {{"-vq=1"}, "'--quiet' takes no value"},
-        {{"-vz"}, "unknown option '-vz'"},  // all or nothing
+        {{"-vz"}, "unknown option '-z' in '-vz'"},  // all or nothing
         {{"--vvq"}, "unknown option '--vvq'"},
         {{"-flag"}, "f"},  // the library finds it
         {{"-vD"}, "'--define' needs a value"},

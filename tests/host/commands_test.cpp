@@ -1,6 +1,7 @@
 // Commands, nested and shortened, and the layers that options come from.
 #include "host/fixture.h"
 #include "support/any_tool.h"
+#include "vorn/host/help.h"
 
 namespace {
 
@@ -22,7 +23,11 @@ struct Commands : testing::Test {
     host::Parser& show = remote.command("show", "");
     host::Key<std::vector<std::string>> names = show.addPositional<std::string>("name", "").atLeast(0).key();
     host::Key<bool> verbose = remote.addFlag("verbose", "").global().key();
-    Commands() { remove.exclusive({force, quick}); }
+    Commands() {
+        remove.exclusive({force, quick});
+        remote.addFlag("depth", "");
+        show.addFlag("depth", "");
+    }
 };
 
 TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
@@ -51,8 +56,18 @@ TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
         {{"add"}, &add, "missing argument: TEXT"},
         {{"remove-all"}, &remove, "missing option: --why TEXT"},
         {{"remove-all", "--why=x", "-f", "-q"}, &remove, "'--force' and '--quick' exclude each other"},
-        {{"add", "--dry", "x"}, &add, "unknown option '--dry'"},
-        {{"--why=x", "add", "x"}, &add, "unknown option '--why'"},
+        {{"add", "--dry", "x"}, &add, "unknown option '--dry'; write it in front of the command 'add'"},
+        {{"--why=x", "add", "x"}, &add, "unknown option '--why'; write it behind the command 'remove-all'"},
+        {{"--quick", "--name", "add", "x"},
+         &add,
+         "unknown option '--quick'; write it behind the command 'remove-all'\nunknown option '--name'"},
+        {{"--no-force", "--depth", "add", "x"},
+         &add,
+         "unknown option '--no-force'; write it behind the command 'remove-all'\n"
+         "unknown option '--depth'; write it behind the command 'remote' or 'remote show'"},
+        {{"remote", "show", "--dry", "--wyh", "--depth"},
+         &show,
+         "unknown option '--dry'; write it in front of the command 'remote'\nunknown option '--wyh'"},
         {{"remove-all", "--why=x", "y"}, &remove, "unexpected argument 'y'"},
         {{"--bogus", "add", "--bogus2", "x"}, &add, "unknown option '--bogus'\nunknown option '--bogus2'"},
     };
@@ -81,6 +96,101 @@ TEST_F(Commands, takeGlobalOptionsOnEitherSide) {
     EXPECT_THROW((void)result[text], std::logic_error);  // of a command that was not chosen
     EXPECT_THROW((void)result[priority], std::logic_error);
     EXPECT_EQ(parser.parse({"add", "x"}).result()[priority], 3);
+}
+
+TEST_F(Commands, areExplainedByTheWordHelp) {
+    const struct {
+        Texts typed;
+        const host::Parser* asked;
+        const char* text;  // if it is not help
+    } rows[] = {
+        {{"help"}, &parser, ""},
+        {{"help", "add"}, &add, ""},
+        {{"help", "rem", "sh", "what", "--ever"}, &show, ""},
+        {{"remote", "help", "show"}, &show, ""},
+        {{"--dry", "help", "--colour", "remote"}, &remote, ""},
+        {{"help", "--help"}, &parser, ""},
+        {{"help", "remvoe"}, nullptr, "unknown command 'remvoe'; did you mean 'remove-all'?"},
+        {{"help", "remote", "help"}, nullptr, "unknown command 'help'"},
+        {{"hel"}, nullptr, "unknown command 'hel'"},
+        {{"add", "help"}, nullptr, ""},  // an argument like any other
+    };
+    for (const auto& row : rows) {
+        const host::Outcome outcome = parser.parse(row.typed);
+        const bool isHelp = outcome.asked == host::Outcome::Asked::help;
+        EXPECT_EQ(isHelp, row.asked != nullptr) << joined(row.typed);
+        EXPECT_EQ(outcome.askedParser, row.asked) << joined(row.typed);
+        if (!isHelp) {
+            EXPECT_EQ(said(outcome), row.text);
+        }
+    }
+    EXPECT_EQ(parser.parse({"--help", "help", "add"}).askedParser, &parser);
+    host::Parser& own = parser.command("helpers", "");
+    EXPECT_EQ(parser.parse({"help"}).result().command(), &own);  // shortened
+}
+
+TEST(CommandRules, mayNeedWhatTheOuterParserHas) {
+    host::Parser parser("tool");
+    const auto user = parser.add<std::string>("user", "").global().key();
+    const auto sure = parser.addSwitch("sure", "").key();
+    host::Parser& outer = parser.command("remote", "");
+    host::Parser& command = outer.command("push", "");
+    command.addFlag("force", "").needs(user).needs(sure);
+    const struct {
+        Texts typed;
+        const char* text;
+    } rows[] = {
+        {{"remote", "push"}, ""},
+        {{"--sure", "remote", "push", "--force", "--user=x"}, ""},
+        {{"--no-sure", "--user=x", "remote", "push", "--force"}, "'--force' needs '--sure' as well"},
+        {{"remote", "push", "--force", "--user="},
+         "'--user=' has no value\n'--force' needs '--sure' as well"},  // it is not missing as well
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(said(parser.parse(row.typed)), row.text) << joined(row.typed);
+    EXPECT_NE(command.help().find("(needs --user, --sure)"), std::string::npos);
+    EXPECT_EQ(thrownBy<host::RegistrationError>(
+                  [&] { parser.addFlag("x", "").needs(outer.addFlag("y", "").key()); }),
+              "'x' needs another option: the key belongs to another parser; use keys of this one or of an "
+              "outer one");
+}
+
+TEST(Secrets, areNotShownByAnybody) {
+    host::Parser parser("tool");
+    const auto token =
+        parser.add<std::string>("token,t", "Who you are.")
+            .defaultTo("hush")
+            .environment("TOKEN")
+            .secret()
+            .check([](const std::string& text) { return std::string(text == "old" ? "expired" : ""); })
+            .key();
+    (void)parser.add<int>("pins", "").list(',').secret().environment("PINS");
+    const std::vector<host::Variable> environment = {{"TOKEN", "hush"}, {"PINS", "12,34"}};
+    host::HelpStyle style;
+    style.environment = environment;
+    EXPECT_EQ(parser.help(style),
+              "Usage: tool [OPTION...]\n\nOptions:\n"
+              "  -t, --token TEXT  Who you are. (environment: TOKEN)\n"
+              "      --pins N,...  (can be repeated; environment: PINS)\n"
+              "  -h, --help        Show this help and exit.\n");
+    EXPECT_TRUE(parser.options(environment)[0].isSecret);
+    EXPECT_TRUE(parser.options(environment)[0].defaults.empty());
+    const host::Outcome outcome = parser.parse({}, environment);
+    EXPECT_EQ(outcome.result()[token], "hush");
+    EXPECT_EQ(parser.effective(outcome.result()),
+              "# TOKEN\n# --token is secret\n# PINS\n# --pins is secret\n");
+    const struct {
+        Texts typed;
+        const char* text;
+    } rows[] = {
+        {{"-t", "old"}, "'***' is refused for '--token': expired"},
+        {{"--token", "-old"}, "'--token' needs a value; for one that begins with '-', write '--token=-***'"},
+        {{"--pins=1,old"}, "'***' is not a whole number, which '--pins' takes"},
+        {{"--pins=1,"}, "'***' has an empty item"},
+        {{"--pins=99999999999"}, "'***' is too large for '--pins': at most 2147483647"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(parser.parse(row.typed).error().text(), row.text);
 }
 
 TEST_F(Commands, mayReadJoinedLettersOrDropTheUnknownAlone) {
@@ -190,6 +300,17 @@ TEST_F(Layers, replaceThoseBelow) {
          {},
          {},
          "a.conf:12: unknown option '--cuont'; did you mean '--count'?",
+         nullptr},
+        {{"n=3\n-n 3\n--list: 1\n toggle = no\ntoggle=yes\nflag\n--n\n5\n--list"},
+         {},
+         {},
+         "a.conf:1: 'n=3' is no option, and settings hold nothing else; write '-n=3'\n"
+         "a.conf:2: unknown option '-n 3'; write '-n=3'\n"
+         "a.conf:3: unknown option '--list: 1'; write '--list=1'\n"
+         "a.conf:4: 'toggle = no' is no option, and settings hold nothing else; write '--no-toggle'\n"
+         "a.conf:5: 'toggle=yes' is no option, and settings hold nothing else; write '--toggle'\n"
+         "a.conf:6: 'flag' is no option, and settings hold nothing else; write '--flag'\n"
+         "a.conf:9: '--list' needs a value",
          nullptr},
         {{"word\n--help\n--\n--n"},
          {},

@@ -90,6 +90,28 @@ TEST(Completion, answersWhatFits) {
     }
 }
 
+TEST(Completion, showsAFunctionWhatStandsInFront) {
+    host::Parser parser("tool");
+    const auto store = parser.add<std::string>("store", "").defaultTo("main").environment("STORE").key();
+    host::Parser& command = parser.command("remove", "");
+    const auto kind = command.add<std::string>("kind", "").key();
+    (void)command.addPositional<std::string>("id", "").atLeast(1).completes(
+        [=](std::string_view typed, const host::Result& before) {
+            const std::string all = before[store] + "-" + before[kind].value_or("any");
+            return std::vector<std::string>{std::string(typed) + all};
+        });
+    const Case cases[] = {
+        {{"remove", ""}, "words\t\n.\tmain-any\t\n"},
+        {{"--store=x", "rem", "--kind", "y", "--bogus", "id", "a"}, "words\t\n.\tax-y\t\n"},
+        {{"--store=x", "help", "rem", ""}, "words\t\n.\tx-any\t\n"},
+    };
+    for (const Case& each : cases) {
+        std::vector<const char*> arguments = {"--completion", "answer", "fish"};
+        arguments.insert(arguments.end(), each.words.begin(), each.words.end());
+        EXPECT_EQ(print(parser, arguments).text, each.answer) << each.words.front();
+    }
+}
+
 TEST(Completion, cutsALineAsBashDoes) {
     host::Parser parser("tool");
     parser.add<std::string>("name", "").allow("a b", "a'b", "a\"$b", "~a", "plain");

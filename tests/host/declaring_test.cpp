@@ -2,6 +2,7 @@
 #include <functional>
 
 #include "host/fixture.h"
+#include "vorn/host/help.h"
 
 namespace {
 
@@ -97,7 +98,8 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
          [](P p) {
              p.oneOf({p.addFlag("b", "").key(), host::Key<int>()});
          }},
-        {"'a' needs another option: the key belongs to another parser; use keys of this one",
+        {"'a' needs another option: the key belongs to another parser; use keys of this one or of an outer "
+         "one",
          [](P p) { p.addFlag("a", "").needs(host::Parser("x").addFlag("b", "").key()); }},
         {"a rule for several options needs two of them at least",
          [](P p) { p.exclusive({p.addFlag("a", "").key()}); }},
@@ -110,6 +112,23 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
          [](P p) {
              const auto a = p.addFlag("a", "");
              a.needs(a.key());
+         }},
+        {"'a': nobody can give it, since '-a' and '-b' have to be given together and exclude each other; "
+         "drop "
+         "needs() or the rule",
+         [](P p) {
+             const auto b = p.addFlag("b", "").key();
+             p.exclusive({p.addFlag("a", "").needs(b).key(), b});
+         }},
+        {"'a': nobody can give it, since '-b' and '-d' have to be given together and exclude each other; "
+         "drop "
+         "needs() or the rule",
+         [](P p) {
+             const auto d = p.add<int>("d", "").key();
+             const auto c = p.addFlag("c", "").needs(d).key();
+             const auto b = p.addSwitch("b", "").key();
+             p.addFlag("a", "").needs(b).needs(c);  // b and c are there without it
+             p.oneOf({p.addFlag("e", "").key(), b, d});
          }},
         // positional arguments and commands
         {"'b': 'a' takes all that is left already",
@@ -264,6 +283,43 @@ TEST(Declarations, areNotMadeInTheMiddleOfAParse) {
     EXPECT_EQ(calls, 11);
     EXPECT_EQ(thrownBy<std::logic_error>([&] { (void)parser.command("c", "").parse({}); }),
               "vorn: a command is parsed by its outermost parser");
+}
+
+/// Late, after the names were given to --help and its like.
+TEST(BuiltIns, giveWayToWhatComesLater) {
+    const std::function<void(host::Parser&)> late[] = {
+        [](host::Parser& p) { p.addFlag("taken,h", ""); },
+        [](host::Parser& p) { p.addFlag("taken", "").synonym("h"); },
+        [](host::Parser& p) { p.addFlag("taken,h", "").global(); },
+    };
+    for (const auto& declare : late) {
+        for (const bool isHelpFirst : {true, false}) {
+            host::Parser parser("tool");
+            const auto one = parser.addFlag("one", "").hidden();
+            host::Parser& command = parser.command("do", "");
+            command.addFlag("two", "");
+            if (isHelpFirst) (void)parser.help(), (void)command.help();
+            EXPECT_EQ(parser.parse({"-h"}).asked, host::Outcome::Asked::help);
+            EXPECT_EQ(parser.parse({"do", "-h"}).asked, host::Outcome::Asked::help);
+            declare(parser);
+            const host::Outcome outcome = parser.parse({"-h", "--one", "do"});
+            EXPECT_EQ(said(outcome), "");
+            EXPECT_TRUE(outcome.result().isGiven("taken"));
+            EXPECT_TRUE(outcome.result()[one.key()]);
+            for (const char* builtIn : {"--help", "--help-all"})
+                EXPECT_EQ(parser.parse({builtIn}).asked, host::Outcome::Asked::help);
+            EXPECT_EQ(parser.options().back().names, Texts{"help-all"});
+            parser.verify();
+        }
+    }
+    host::Parser parser("tool");
+    EXPECT_EQ(parser.parse({"--help"}).asked, host::Outcome::Asked::help);
+    EXPECT_EQ(thrownBy<host::RegistrationError>([&] { parser.addFlag("help,a=", ""); }),
+              "'a=': a name cannot hold '=', blanks or control characters");
+    EXPECT_EQ(parser.parse({"--help"}).asked, host::Outcome::Asked::help);
+    const auto own = parser.add<int>("help", "").key();
+    EXPECT_EQ(parser.parse({"--help=3"}).result()[own], 3);
+    EXPECT_EQ(said(parser.parse({"-h=3"})), "");  // the host's, shortened
 }
 
 TEST(BuiltIns, leaveNamesThatAHostHasTaken) {

@@ -45,6 +45,12 @@ TEST_F(Errors, areWordedAndHoldTheirKindAndTheOption) {
          ""},
         {"-q5", "unknown option '-q5'; if '-q' and '5' are meant, write them apart", Kind::unknownOption, ""},
         {"--no-quite", "unknown option '--no-quite'; did you mean '--no-quiet'?", Kind::unknownOption, ""},
+        {"--no-strict", "unknown option '--no-strict'; '--strict' cannot be switched off",
+         Kind::unknownOption, ""},
+        {"--shift 5", "unknown option '--shift 5'; write '--shift=5'", Kind::unknownOption, ""},
+        {"--output-dir:", "unknown option '--output-dir:'; write '--output-dir=DIR'", Kind::unknownOption,
+         ""},
+        {"-vxq", "unknown option '-vxq'", Kind::unknownOption, ""},
         {"--hlep", "unknown option '--hlep'; did you mean '--help'?", Kind::unknownOption, ""},
         {"--xyzzy", "unknown option '--xyzzy'", Kind::unknownOption, ""},  // nothing is near
         {"--ver", "'--ver' is ambiguous: --verbose, --version", Kind::ambiguousOption, ""},

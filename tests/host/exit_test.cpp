@@ -16,6 +16,12 @@ int runTool(const Texts& typed) {
     host::Parser& run = parser.command("run", "Runs.");
     run.rest("command", "What to run.");
     (void)parser.command("do", "Does.").add<int>("n", "").required();
+    host::Parser& copy = parser.command("copy", "Copies.");
+    (void)copy.add<int>("size", "").required();
+    (void)copy.add<std::string>("to", "").required().metavar("DIR");
+    copy.oneOf({copy.addFlag("all", "").key(), copy.addFlag("some", "").key()});
+    (void)copy.addPositional<std::string>("first", "");
+    (void)copy.addPositional<std::string>("more", "").atLeast(2);
     std::vector<const char*> argv = {"tool"};
     for (const std::string& text : typed)
         argv.push_back(text.c_str());
@@ -77,15 +83,29 @@ TEST(Exit, tellsHowItWent) {
         {{"--bogus", "--version", "--help"}, "0|too\x1bl 1.4.0\n|"},  // wins over mistakes; the first one
         {{"--new", "--version"}, "0|too\x1bl 1.4.0\n|"},
         {{"--bogus", "do"}, "2||too\\x1Bl: unknown option '--bogus'\nTry 'too\\x1Bl do --help'.\n"},
-        {{}, "2||too\\x1Bl: missing command: run, do\n" + hint},
+        {{}, "2||too\\x1Bl: missing command: run, do, copy\n" + hint},
         {{"bogus", "--help"}, "2||too\\x1Bl: unknown command 'bogus'\n" + hint},
         {{"--new=--help", "do", "-n=1"}, "7|ran with --help|"},
         {{"--help=1"}, "2||too\\x1Bl: '--help' takes no value\n" + hint},
+        {{"copy"},
+         "2||too\\x1Bl: missing options: --size N, --to DIR; missing option: "
+         "one of "
+         "--all, --some\nTry 'too\\x1Bl copy --help'.\n"},
+        {{"copy", "--size=1", "--some", "a", "b"},
+         "2||too\\x1Bl: missing option: --to DIR\nTry 'too\\x1Bl copy "
+         "--help'.\n"},
+        {{"copy", "--size=1", "--to=x", "--some"},
+         "2||too\\x1Bl: missing arguments: FIRST, MORE\nTry 'too\\x1Bl copy --help'.\n"},
+        {{"copy", "--size=1", "--to=x", "--some", "a", "b"},
+         "2||too\\x1Bl: missing argument: MORE (2 or more)\nTry 'too\\x1Bl copy --help'.\n"},
+        {{"copy", "--sze=1", "a"},
+         "2||too\\x1Bl: unknown option '--sze'; did you mean '--size'?\nTry 'too\\x1Bl copy --help'.\n"},
         {{"do"}, "2||too\\x1Bl: missing option: -n N\nTry 'too\\x1Bl do --help'.\n"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(ended(row.typed), row.ended) << joined(row.typed);
-    const Texts helps[] = {{"--help"}, {"-h"}, {"--hel", "--bogus"}, {"do", "-n=x", "-h"}, {"run", "-h"}};
+    const Texts helps[] = {{"--help"},    {"-h"},   {"--hel", "--bogus"}, {"do", "-n=x", "-h"},
+                           {"run", "-h"}, {"help"}, {"help", "do"}};
     for (const Texts& typed : helps)
         EXPECT_EQ(ended(typed).substr(0, help.size()), help) << joined(typed);
     setenv("VORN_TEST_NEW", "from outside", 1);

@@ -185,6 +185,24 @@ Time:
 )");
 }
 
+TEST(Help, namesArgumentsInRulesAsItShowsThem) {
+    host::Parser parser("tool");
+    const auto x = parser.addPositional<std::string>("x", "").optional().key();
+    const auto y = parser.add<int>("y", "").key();
+    parser.addFlag("zoom", "").needs(x).group("Other options");
+    parser.oneOf({x, y});
+    EXPECT_EQ(parser.help(),
+              "Usage: tool [OPTION...] {X | -y N}\n"
+              "\nArguments:\n  X           (not with -y)\n"
+              "\nOptions:\n  -y N        (not with X)\n  -h, --help  Show this help and exit.\n"
+              "\nOther options:\n      --zoom  (needs X)\n");
+    host::Parser grouped("tool");
+    grouped.group("Other options").addFlag("zoom", "");
+    EXPECT_EQ(grouped.help(),
+              "Usage: tool [OPTION...]\n"
+              "\nOther options:\n      --zoom\n  -h, --help  Show this help and exit.\n");
+}
+
 TEST(Help, tellsTheDefaultThatAVariableGives) {
     host::Parser parser("tool");
     parser.add<std::string>("name", "").environment("A").allow("one", "two", "three").metavar("X");

@@ -178,14 +178,15 @@ TEST(Results, thatHoldNothingCanBeAskedAndSaySo) {
     EXPECT_EQ(reading(failed.result(), Key<int>()), nothing);
     EXPECT_EQ(reading(empty, perhaps), nothing);
     for (const host::Result* result : {&empty, &failed.result()}) {
-        EXPECT_EQ(result->values(foreign), std::vector<int>{});
-        EXPECT_EQ(result->given(foreign).size(), 0u);
+        EXPECT_THROW((void)result->value(foreign), std::logic_error);
+        EXPECT_THROW((void)result->values(foreign, host::before(3)), std::logic_error);
+        EXPECT_THROW((void)result->given(foreign), std::logic_error);
         EXPECT_FALSE(result->isGiven(foreign));
         EXPECT_EQ(result->origin(foreign).layer, Layer::none);
         EXPECT_EQ(result->arguments(), Texts{});
         EXPECT_EQ(result->command(), nullptr);
     }
-    EXPECT_EQ(empty.value<int>("anything"), std::nullopt);
+    EXPECT_THROW((void)empty.value<int>("anything"), std::logic_error);
     EXPECT_FALSE(empty.isGiven("anything"));
 }
 

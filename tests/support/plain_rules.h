@@ -120,6 +120,16 @@ std::optional<Number> readByStream(const std::string& text, bool isHexadecimal) 
     return (stream >> number).fail() ? std::nullopt : std::optional(number);
 }
 
+// "0x1F" or "1Fh".
+inline bool isMarkedHexadecimal(const std::string& text) {
+    const auto hasOnlyDigits = [&text](std::size_t from, std::size_t count) {
+        return text.substr(from, count).find_first_not_of("1234567890ABCDEFabcdef") == std::string::npos;
+    };
+    const std::string front = text.substr(0, 2);
+    if (front == "0x" || front == "0X") return hasOnlyDigits(2, text.size());
+    return (text.ends_with('h') || text.ends_with('H')) && hasOnlyDigits(0, text.size() - 1);
+}
+
 template <class Number>
 std::string writtenByStream(Number number) {
     std::ostringstream stream;

@@ -30,8 +30,8 @@ struct OptionInfo {
     std::string variable;               ///< The variable that is read; empty for none.
     std::vector<std::string>
         fromVariable;                   ///< The values that it has there; empty if it is not set or wrong.
-    std::vector<std::string> needs;     ///< The first names of options that have to be given with it.
-    std::vector<std::string> excludes;  ///< The first names of those that must not.
+    std::vector<std::string> needs;     ///< The first names of what has to be given with it.
+    std::vector<std::string> excludes;  ///< The first names of what must not.
     std::string instead;                ///< The advice of a deprecated option.
     char separator = '\0';              ///< Of a list; NUL where a text is one value.
     unsigned atLeast = 0;               ///< How many arguments have to be there.
@@ -42,6 +42,7 @@ struct OptionInfo {
     bool isDeprecated = false;
     bool isGlobal = false;
     bool isOnlyTyped = false;  ///< Settings must not have it.
+    bool isSecret = false;     ///< Its defaults, and what a variable says, are left out.
     bool isBuiltIn = false;    ///< --help and the like, which no host declared.
 
     bool hasValue() const { return kind == Kind::option || isPositional(); }

@@ -70,6 +70,7 @@ public:
     void addNeed(AnyKey other) const;
     void setGlobal() const;
     void setOnlyOnCommandLine() const;
+    void setSecret() const;
     void setCompletion(Completion kind) const;
     void setOffer(Owned<Offer> offer) const;
 
@@ -94,9 +95,19 @@ template <class F>
 class OfferOf final : public Offer {
 public:
     explicit OfferOf(F offering) : function(std::move(offering)) {}
-    std::vector<std::string> offers(std::string_view typed) const override { return function(typed); }
+    bool wantsResult() const override { return !isSimple; }
+    std::vector<std::string> offers(std::string_view typed,
+                                    [[maybe_unused]] const Result& before) const override {
+        if constexpr (isSimple) {
+            return function(typed);
+        } else {
+            return function(typed, before);
+        }
+    }
 
 private:
+    static constexpr bool isSimple = std::is_invocable_v<const F&, std::string_view>;
+
     F function;
 };
 
@@ -268,7 +279,7 @@ public:
         return *this;
     }
 
-    /// Whoever gives it has to give the other one, too.
+    /// Whoever gives it has to give the other one, too, which may be an outer parser's.
     Option needs(AnyKey other) const {
         declaration.addNeed(other);
         return *this;
@@ -280,6 +291,13 @@ public:
         return *this;
     }
 
+    /// Help, messages and Parser::effective do not show its value: a password, a token.
+    Option secret() const {
+        static_assert(hasValue, "a switch or a flag takes no value");
+        declaration.setSecret();
+        return *this;
+    }
+
     /// May also stand behind a command.
     Option global() const {
         static_assert(isNamed, "a positional argument belongs to one command");
@@ -288,12 +306,15 @@ public:
     }
 
     /// What completion offers for the value, if the type does not say it: files, folders, or what
-    /// `function(std::string_view typed)` returns, a std::vector<std::string>.
+    /// `function(std::string_view typed)` returns, a std::vector<std::string>. `function(std::string_view typed, const
+    /// Result& before)` also sees what the words in front say, mistakes left out.
     Option completes(Completion kind) const {
         declaration.setCompletion(kind);
         return *this;
     }
-    template <class F, class = std::enable_if_t<std::is_invocable_v<const F&, std::string_view>>>
+    template <class F,
+              class = std::enable_if_t<std::is_invocable_v<const F&, std::string_view> ||
+                                       std::is_invocable_v<const F&, std::string_view, const Result&>>>
     Option completes(F function) const {
         declaration.setOffer(detail::Owned<detail::Offer>(new detail::OfferOf<F>(std::move(function))));
         return *this;

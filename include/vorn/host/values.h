@@ -15,6 +15,8 @@ namespace vorn_3_1::host {
 /// What completion offers where a value is wanted.
 enum class Completion { nothing, files, folders };
 
+class Result;
+
 namespace detail {
 
 /// A row of values of one type. TypedValues is the only class behind it.
@@ -69,7 +71,9 @@ public:
     Offer(const Offer&) = delete;
     Offer& operator=(const Offer&) = delete;
     virtual ~Offer();
-    virtual std::vector<std::string> offers(std::string_view typed) const = 0;
+    virtual bool wantsResult() const = 0;
+    /// `before` is the result of the words in front, if it is wanted.
+    virtual std::vector<std::string> offers(std::string_view typed, const Result& before) const = 0;
 };
 
 /// Owns one object. The standard's own comes with a header that doubles what vorn/host.h costs to compile.
