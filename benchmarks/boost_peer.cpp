@@ -5,21 +5,23 @@
 
 namespace po = boost::program_options;
 
-namespace bench {
+using namespace bench;
+
 namespace {
 
+using Integers = std::vector<int>;
 using Texts = std::vector<std::string>;
 
 const po::value_semantic* valueFor(Kind kind) {
     if (kind == Kind::onOff) return po::value<Texts>()->zero_tokens();  // a bool may occur only once
-    if (kind == Kind::integer) return po::value<std::vector<int>>();
+    if (kind == Kind::integer) return po::value<Integers>();
     if (kind == Kind::number) return po::value<std::vector<double>>();
     return po::value<Texts>();
 }
 
 class BoostPeer : public Peer {
 public:
-    BoostPeer(const std::vector<OptionSpec>& registered, Form form) : options(registered) {
+    BoostPeer(const Options& options, Form form) {
         using namespace po::command_line_style;
         style = form == Form::full ? unix_style & ~allow_guessing : unix_style | allow_guessing;
         auto add = description.add_options();
@@ -27,16 +29,12 @@ public:
             add(option.names, valueFor(option.kind), option.description);
     }
 
-    bool parse(CommandLine& line, Tally* found) override {
+    bool parse(CommandLine& line) override {
         try {
             po::variables_map values;
-            po::store(po::command_line_parser(line.argc(), line.argv.data())
-                          .options(description)
-                          .style(style)
-                          .run(),
-                      values);
+            po::command_line_parser parser(line.argc(), line.argv.data());
+            po::store(parser.options(description).style(style).run(), values);
             po::notify(values);
-            if (found != nullptr) *found = tally(values);
         } catch (const po::error&) {
             return false;
         }
@@ -44,46 +42,12 @@ public:
     }
 
 private:
-    Tally tally(const po::variables_map& values) const {
-        Tally sum;
-        for (const OptionSpec& option : options) {
-            if (values.count(option.name) != 0) add(sum, option.kind, values[option.name]);
-        }
-        return sum;
-    }
-
-    static void add(Tally& sum, Kind kind, const po::variable_value& value) {
-        switch (kind) {
-            case Kind::onOff:
-                ++sum.switches;
-                break;
-            case Kind::integer:
-                sum.addAll(value.as<std::vector<int>>());
-                break;
-            case Kind::number:
-                sum.addAll(value.as<std::vector<double>>());
-                break;
-            case Kind::text:
-                sum.addAll(value.as<Texts>());
-                break;
-            case Kind::list:
-                for (const std::string& one : value.as<Texts>())
-                    sum.addList(one);
-                break;
-        }
-    }
-
-    const std::vector<OptionSpec>& options;
     po::options_description description;
     int style;
 };
 
 }  // namespace
 
-const bool keepsAllValues = true;
-
-std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form form) {
+std::unique_ptr<Peer> bench::makePeer(const Options& options, Form form) {
     return std::make_unique<BoostPeer>(options, form);
 }
-
-}  // namespace bench

@@ -4,7 +4,8 @@
 
 #include "peer.h"
 
-namespace bench {
+using namespace bench;
+
 namespace {
 
 struct Bound {
@@ -16,18 +17,17 @@ struct Bound {
 
 class Cli11Peer : public Peer {
 public:
-    explicit Cli11Peer(const std::vector<OptionSpec>& options) {
+    explicit Cli11Peer(const Options& options) {
         for (const OptionSpec& option : options)
             add(option, bound.emplace_back());
     }
 
-    bool parse(CommandLine& line, Tally* found) override {
+    bool parse(CommandLine& line) override {
         try {
             app.parse(line.argc(), line.argv.data());  // forgets the parse before
         } catch (const CLI::ParseError&) {
             return false;
         }
-        if (found != nullptr) *found = tally();
         return true;
     }
 
@@ -45,27 +45,12 @@ private:
     // Otherwise an option with a vector takes the arguments that follow it, too.
     static CLI::Option* one(CLI::Option* option) { return option->allow_extra_args(false); }
 
-    Tally tally() const {
-        Tally sum;
-        for (const Bound& slot : bound) {
-            sum.switches += slot.onOff;
-            sum.addAll(slot.integers);
-            sum.addAll(slot.numbers);
-            sum.addAll(slot.texts);
-        }
-        return sum;
-    }
-
     CLI::App app;
     std::deque<Bound> bound;  // never moves what the options point to
 };
 
 }  // namespace
 
-const bool keepsAllValues = true;
-
-std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+std::unique_ptr<Peer> bench::makePeer(const Options& options, Form) {
     return std::make_unique<Cli11Peer>(options);
 }
-
-}  // namespace bench

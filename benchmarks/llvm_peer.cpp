@@ -7,8 +7,16 @@
 
 namespace cl = llvm::cl;
 
-namespace bench {
+using namespace bench;
+
 namespace {
+
+struct Slot {
+    bool onOff = false;
+    int integer = 0;
+    double number = 0;
+    std::string text;
+};
 
 template <class Value>
 std::unique_ptr<cl::Option> makeOption(const OptionSpec& option, Value& target) {
@@ -25,8 +33,7 @@ std::unique_ptr<cl::Option> makeOptionFor(const OptionSpec& option, Slot& slot) 
 
 class LlvmPeer : public Peer {
 public:
-    explicit LlvmPeer(const std::vector<OptionSpec>& registered)
-        : options(registered), slots(registered.size()) {
+    explicit LlvmPeer(const Options& options) : slots(options.size()) {
         for (std::size_t index = 0; index < options.size(); ++index) {
             entries.push_back(makeOptionFor(options[index], slots[index]));
             cl::Option& option = *entries.back();
@@ -36,29 +43,21 @@ public:
     }
 
     ~LlvmPeer() override {
-        for (const std::unique_ptr<cl::Option>& entry : entries) {
+        for (const std::unique_ptr<cl::Option>& entry : entries)
             entry->removeArgument();  // the registry of the process would keep a dangling pointer
-        }
     }
 
-    bool parse(CommandLine& line, Tally* found) override {
-        const bool parsed = cl::ParseCommandLineOptions(line.argc(), line.argv.data(), "", &llvm::nulls());
-        if (found != nullptr) *found = tallyOf(options, slots);
-        return parsed;
+    bool parse(CommandLine& line) override {
+        return cl::ParseCommandLineOptions(line.argc(), line.argv.data(), "", &llvm::nulls());
     }
 
 private:
-    const std::vector<OptionSpec>& options;
     std::vector<Slot> slots;
     std::vector<std::unique_ptr<cl::Option>> entries;
 };
 
 }  // namespace
 
-const bool keepsAllValues = false;
-
-std::unique_ptr<Peer> makePeer(const std::vector<OptionSpec>& options, Form) {
+std::unique_ptr<Peer> bench::makePeer(const Options& options, Form) {
     return std::make_unique<LlvmPeer>(options);
 }
-
-}  // namespace bench

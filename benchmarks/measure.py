@@ -22,7 +22,7 @@ COMPILER = ["g++", f"-m{BITS}", "-I", str(ROOT / "include")]
 NAMES = {"vorn": "vorn", "companion": "vorn, companion", "getopt": "getopt_long", "llvm": "LLVM CommandLine",
          "cxxopts": "cxxopts without regex", "cli11": "CLI11", "boost": "Boost.Program_options", "hand": "by hand"}
 PEERS = [name for name in NAMES if (FOLDER / f"bench_{name}").exists()]
-TAKES_PREFIXES = {"vorn", "getopt", "boost", "hand"}
+PREFIX_PEERS = [name for name in ("vorn", "getopt", "boost") if name in PEERS]
 COUNTS = [10, 100] if QUICK else [10, 100, 1000]
 MANY = 1000 if QUICK else 100000
 goals = []
@@ -38,6 +38,7 @@ def goal(text, bound, value, unit="times"):
     """Notes whether a goal is met. No value: this build cannot measure it."""
     verdict = "not measured" if value is None else f"{figure(value)}, " + ("met" if round(value, 2) <= bound else "MISSED")
     goals.append(f"goal {text}, at most {figure(bound)} {unit}: {verdict}")
+    return value
 
 
 def table(title, note, header, rows):
@@ -93,27 +94,30 @@ def write_races(title, note, races, scale=1.0):
     table(title, note + " In brackets what vorn takes of it.", ["parser", *races], rows)
 
 
+def columns(races, note=""):
+    return {f"N={n}{note}": one for n, one in races.items()}
+
+
 def ask_first_parse():
     plain = {n: race("first", n, 10, points=0, rounds=41) for n in COUNTS}
     points = {n: race("first", n, 10, peers=[p for p in PEERS if p in ("vorn", "llvm")], rounds=41) for n in COUNTS}
     write_races("First registration and first parse of a process", "Microseconds; N options, 10 arguments.",
-                {**{f"N={n}": plain[n] for n in COUNTS}, **{f"N={n}, decimal points": points[n] for n in COUNTS}}, 1000)
+                columns(plain) | columns(points, ", decimal points"), 1000)
     for n, of_cxxopts in zip(COUNTS, (0.32, 0.19, 0.12)):
         if BITS == 64:
             goal(f"first parse, N={n}, beside LLVM CommandLine", 0.55, plain[n].ratio("vorn", "llvm"))
             goal(f"first parse, N={n}, with decimal points, beside LLVM CommandLine", 1, points[n].ratio("vorn", "llvm"))
         else:
             goal(f"first parse, N={n}, beside cxxopts", of_cxxopts, plain[n].ratio("vorn", "cxxopts"))
-    if "companion" in PEERS:
-        goal("registering 100 options and parsing 10 arguments, cold, companion beside the plain interface", 1.6,
-             plain[100].ratio("companion", "vorn"))
+    goal("registering 100 options and parsing 10 arguments, cold, companion beside the plain interface", 1.6,
+         plain[100].ratio("companion", "vorn"))
 
 
 def ask_fresh_parser():
     full = {n: race("fresh", n, 10) for n in COUNTS}
-    prefix = {n: race("fresh", n, 10, "prefix", peers=[p for p in PEERS if p in TAKES_PREFIXES]) for n in COUNTS}
+    prefix = {n: race("fresh", n, 10, "prefix", peers=PREFIX_PEERS) for n in COUNTS}
     write_races("A parser of its own for each parse", "Nanoseconds an argument of 10, registration not counted.",
-                {**{f"N={n}": full[n] for n in COUNTS}, **{f"N={n}, shortened": prefix[n] for n in COUNTS}})
+                columns(full) | columns(prefix, ", shortened"))
     for n, bound in zip(COUNTS, (2, 1, 1)):
         goal(f"fresh parser, shortened names, N={n}, beside getopt_long", bound, prefix[n].ratio("vorn", "getopt"))
 
@@ -121,9 +125,8 @@ def ask_fresh_parser():
 def ask_registration():
     times = {n: race("register", n, 1, peers=[p for p in PEERS if p != "getopt"]) for n in COUNTS}
     calls = {n: race("heap", n, 1, rounds=1) for n in COUNTS}
-    write_races("Registration", "Nanoseconds an option, from making the parser to releasing it.",
-                {f"N={n}": times[n] for n in COUNTS})
-    write_races("Heap calls for registration", "Calls an option.", {f"N={n}": calls[n] for n in COUNTS})
+    write_races("Registration", "Nanoseconds an option, from making the parser to releasing it.", columns(times))
+    write_races("Heap calls for registration", "Calls an option.", columns(calls))
     for n, of_llvm, of_cxxopts in zip(COUNTS, (0.8, 0.7, 0.7), (0.14, 0.14, 0.145)):
         if BITS == 64:
             goal(f"registration, N={n}, beside LLVM CommandLine", of_llvm, times[n].ratio("vorn", "llvm"))
@@ -131,6 +134,8 @@ def ask_registration():
         else:
             goal(f"registration, N={n}, beside cxxopts", of_cxxopts, times[n].ratio("vorn", "cxxopts"))
         goal(f"registration, N={n}, heap calls an option", 1.5, calls[n].median("vorn"), "calls")
+    if "companion" in PEERS:
+        goal("an option of a command that was not chosen, of 200 with 50 options each", 100, ask("commands"), "ns")
 
 
 def ask_process():
@@ -144,22 +149,20 @@ def ask_process():
             raise SystemExit(f"{program} fails")
         return (time.perf_counter_ns() - begun) / 1000
     hosts = {"plain": "the plain interface", "archive": "the plain interface, library as an archive",
-             "companion": "the companion"}
-    hosts = {name: text for name, text in hosts.items() if (FOLDER / f"bench_start_{name}").exists()}
-    times = Race({name: lambda name=name: run(name) for name in [*hosts, "empty"]}, 301)
+             "companion": "the companion", "empty": "none: an empty main"}
+    times = Race({name: lambda name=name: run(name) for name in hosts}, 301)
     table("Whole process", "Five options and five arguments, beside an empty main with the C++ runtime.",
           ["host", "microseconds", "ratio"],
-          [[text, figure(times.median(name)), figure(times.ratio(name, "empty"))] for name, text in hosts.items()] +
-          [["empty main", figure(times.median("empty")), "1"]])
+          [[text, figure(times.median(name)), figure(times.ratio(name, "empty"))] for name, text in hosts.items()])
     for name, bound in (("plain", 1.15), ("companion", 1.2), ("archive", 1.06)):
-        goal(f"whole process, {hosts.get(name, name)}, beside an empty main", bound, times.ratio(name, "empty"))
+        goal(f"whole process, {hosts[name]}, beside an empty main", bound, times.ratio(name, "empty"))
 
 
 def ask_growth():
     full = {n: race("warm", n, 1000) for n in COUNTS}
-    prefix = {n: race("warm", n, 1000, "prefix", peers=[p for p in PEERS if p in TAKES_PREFIXES]) for n in COUNTS}
+    prefix = {n: race("warm", n, 1000, "prefix", peers=PREFIX_PEERS) for n in COUNTS}
     write_races("One parser for many parses", "Nanoseconds an argument of 1000.",
-                {**{f"N={n}": full[n] for n in COUNTS}, **{f"N={n}, shortened": prefix[n] for n in COUNTS}})
+                columns(full) | columns(prefix, ", shortened"))
     if BITS == 64:
         for n, bound in zip(COUNTS, (1, 1, 1.3)):
             goal(f"warm parse, N={n}, beside LLVM CommandLine", bound, full[n].ratio("vorn", "llvm"))
@@ -169,42 +172,41 @@ def ask_growth():
         if of_prefix:
             goal(f"warm parse, shortened names, N={n}, beside getopt_long", of_prefix, prefix[n].ratio("vorn", "getopt"))
 
-    def arguments(n, m, form="full"):
+    def warm(n, m, form="full"):
         return lambda: ask("vorn", "warm", n, m, form, 1)
-    ends = {f"argument, N={COUNTS[0]} and {COUNTS[-1]}": (arguments(COUNTS[0], 1000), arguments(COUNTS[-1], 1000), 2)}
+
+    def own(question, count):
+        return lambda: ask("own", question, count)
+    ends = {f"argument, N={COUNTS[0]} and {COUNTS[-1]}": (warm(COUNTS[0], 1000), warm(COUNTS[-1], 1000), 2)}
     for n in COUNTS:
-        ends[f"argument, N={n}, M=1000 and {MANY}"] = (arguments(n, 1000), arguments(n, MANY), 1.3)
-        ends[f"argument, N={n}, beginnings of names and every word cut"] = (
-            arguments(n, 1000, "prefix"), arguments(n, 1000, "cut"), 1.5)
+        ends[f"argument, N={n}, M=1000 and {MANY}"] = (warm(n, 1000), warm(n, MANY), 1.3)
+        ends[f"argument, N={n}, beginnings of names and every word cut"] = (warm(n, 1000, "prefix"), warm(n, 1000, "cut"), 1.5)
     ends["registered option, N=10 and 10000"] = (lambda: ask("vorn", "register", 10, 1, "full", 1),
                                                  lambda: ask("vorn", "register", MANY / 10, 1, "full", 1), 1.5)
-    ends["value read, of 100 and of 100000"] = (lambda: ask("own", "queries", 100), lambda: ask("own", "queries", MANY), 1.3)
-    ends[f"argument, of a vector and of a text of {MANY} lines"] = (arguments(100, MANY),
-                                                                   lambda: ask("own", "stream", MANY), 1.5)
+    ends["value read, of 100 and of 100000"] = (own("queries", 100), own("queries", MANY), 1.3)
+    ends[f"argument, of a vector and of a text of {MANY} lines"] = (warm(100, MANY), own("stream", MANY), 1.5)
     rows = []
     for text, (small, large, bound) in ends.items():
         both = Race({"small": small, "large": large}, 7)
-        rows.append([text, figure(both.median("small")), figure(both.median("large")), figure(both.ratio("large", "small"))])
-        goal(f"growth, {text}", bound, both.ratio("large", "small"))
+        ratio = goal(f"growth, {text}", bound, both.ratio("large", "small"))
+        rows.append([text, figure(both.median("small")), figure(both.median("large")), figure(ratio)])
     table("Growth", "Nanoseconds at either end.", ["one", "at the small end", "at the large end", "ratio"], rows)
     goal(f"one value of {MANY} read", 100, ask("own", "queries", MANY), "ns")
 
 
 def ask_hostile():
     size = MANY // 10
-    collisions = ask("own", "collisions", size)
     near = Race({n: lambda n=n: ask("own", "near-names", n) for n in (size // 4, size)}, 5)
     descending = Race({n: lambda n=n: ask("own", "descending", n) for n in (size // 4, size)}, 3)
-    hyphens = ask("own", "hyphens", MANY * 1000)
-    goals_and_bounds = [
-        (f"{size} texts that collide in the standard hash, beside random ones, the worst place", 2, collisions),
-        (f"a typed name that {size} names resemble, beside {size // 4}", 6, near.ratio(size, size // 4)),
-        (f"{size} names in descending order, a shortened one typed behind each, beside {size // 4}", 8,
-         descending.ratio(size, size // 4)),
-        (f"heap for one argument of {MANY // 1000} MB of hyphens, beside its size", 3, hyphens)]
-    table("Inputs built to hurt", "", ["what", "times"], [[text, figure(value)] for text, _, value in goals_and_bounds])
-    for one in goals_and_bounds:
-        goal(*one)
+    rows = {f"{size} texts that collide in the standard hash, beside random ones, the worst place":
+            (2, ask("own", "collisions", size)),
+            f"a typed name that {size} names resemble, beside {size // 4}": (6, near.ratio(size, size // 4)),
+            f"{size} names in descending order, a shortened one typed behind each, beside {size // 4}":
+            (8, descending.ratio(size, size // 4)),
+            f"heap for one argument of {MANY // 1000} MB of hyphens, beside its size":
+            (3, ask("own", "hyphens", MANY * 1000))}
+    table("Inputs built to hurt", "", ["what", "times"],
+          [[text, figure(goal(text, *bound_and_value))] for text, bound_and_value in rows.items()])
 
 
 def stripped_kibibytes(path):
@@ -215,24 +217,16 @@ def stripped_kibibytes(path):
 
 def ask_memory_and_size():
     rows = []
+
+    def measured(text, bound, value, unit="times"):
+        rows.append([text, f"{figure(goal(text, bound, value, unit))} {unit}"])
     for count in (1000, MANY):
-        calls, share = ask("own", "heap-calls", count), ask("own", "heap-share", count)
-        rows += [[f"heap calls an argument, M={count}", figure(calls)],
-                 [f"bytes kept beside those of the values read, M={count}", figure(share)]]
-        goal(f"heap calls an argument, M={count}", 3, calls, "calls")
-        goal(f"bytes kept beside those of the values, M={count}", 2, share)
-    help_text = ask("own", "help", COUNTS[-1])
-    library = (FOLDER.parent / "libvorn.so").resolve()
-    size = stripped_kibibytes(library)
-    rows += [[f"milliseconds for the help of {COUNTS[-1]} options", figure(help_text)], ["library, stripped, KiB", figure(size)]]
-    goal(f"the help of {COUNTS[-1]} options", 1, help_text, "ms")
+        measured(f"heap calls an argument, M={count}", 3, ask("own", "heap-calls", count), "calls")
+        measured(f"bytes kept beside those of the values read, M={count}", 2, ask("own", "heap-share", count))
+    measured(f"the help of {COUNTS[-1]} options", 1, ask("own", "help", COUNTS[-1]), "ms")
     if BITS == 32:
-        goal("library, stripped", 160, size, "KiB")
-    tool = FOLDER / "bench_tool"
-    if tool.exists():
-        size = stripped_kibibytes(tool)
-        rows.append(["a tool with the companion, stripped, KiB", figure(size)])
-        goal("a tool with the companion, stripped", 140, size, "KiB")
+        measured("library, stripped", 160, stripped_kibibytes((FOLDER.parent / "libvorn.so").resolve()), "KiB")
+    measured("a tool with the companion, stripped", 140, stripped_kibibytes(FOLDER / "bench_tool"), "KiB")
     table("Memory and size", "", ["what", "measured"], rows)
 
 
@@ -262,9 +256,8 @@ def ask_headers():
             if not (pathlib.Path(own).exists() and pathlib.Path(other).exists()) or compile_time(other) is None:
                 continue
             both = Race({"own": lambda: compile_time(own), "other": lambda: compile_time(other)}, rounds)
-            rows.append([own_name, figure(both.median("own")), other_name, figure(both.median("other")),
-                         figure(both.ratio("own", "other"))])
-            goal(f"compiling {own_name}, beside {other_name}", bound, both.ratio("own", "other"))
+            ratio = goal(f"compiling {own_name}, beside {other_name}", bound, both.ratio("own", "other"))
+            rows.append([own_name, figure(both.median("own")), other_name, figure(both.median("other")), figure(ratio)])
         table("Compiling", "Milliseconds of processor time.", ["own", "ms", "beside", "ms", "ratio"], rows)
 
 

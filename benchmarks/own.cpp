@@ -5,18 +5,18 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <map>
-#include <string>
 
-#include "clock.h"
 #include "collisions.h"
-#include "heap.h"
+#include "meter.h"
 #include "vorn_peer.h"
 
 namespace {
 
 using namespace bench;
 using vorn_3_1::IParser;
+using Texts = std::vector<std::string>;
 
 template <class Run>
 double timeOf(Run run) {
@@ -31,52 +31,53 @@ void mustBe(bool right, const char* what) {
     std::exit(1);
 }
 
-std::string joined(const std::vector<std::string>& lines) {
+std::string joined(const Texts& lines) {
     std::string text;
     for (const std::string& line : lines)
         text.append(line).append("\n");
     return text;
 }
 
-void parseText(IParser& parser, const std::string& text) {
-    mustBe(parser.parseStream(text.c_str(), newResult(parser).get()) == 0, "the text is refused");
+void parseText(IParser& parser, const std::string& text, vorn_3_1::IParseResult* result) {
+    mustBe(parser.parseStream(text.c_str(), result) == 0, "a text is refused");
+}
+
+std::size_t readAll(vorn_3_1::IParseResult& result, const char* name) {
+    std::size_t count = 0;
+    for (vorn_3_1::Value value = result.get(name); value.status == 0; value = result.next(name))
+        ++count;
+    return count;
 }
 
 // Nanoseconds a value: reading all of one option that occurred `count` times, in as many results as make 100000.
 double askQueries(std::size_t count) {
     const ParserHandle parser = newParser();
     parser->option("input,i", "", tamsu2::qel_string, "bench");
-    std::vector<std::string> lines;
+    std::string text;
     for (std::size_t i = 0; i < count; ++i)
-        lines.push_back("--input=build/source-" + std::to_string(i) + ".txt");
-    const std::string text = joined(lines);
+        text += "--input=build/source-" + std::to_string(i) + ".txt\n";
     std::vector<ResultHandle> results(100000 / count);
-    return medianOf([&] {
-               for (ResultHandle& result : results)
-                   result.reset();
-               for (ResultHandle& result : results) {
-                   result = newResult(*parser);
-                   parser->parseStream(text.c_str(), result.get());
-               }
-               std::size_t found = 0;
-               const double time = timeOf([&] {
-                   for (const ResultHandle& result : results)
-                       for (vorn_3_1::Value value = result->get("i"); value.status == 0;
-                            value = result->next("i"))
-                           found += *value.text == 'b';
-               });
-               mustBe(found == results.size() * count, "not all values were read");
-               return time;
-           }) /
-           static_cast<double>(results.size() * count);
+    const auto readAllResults = [&] {
+        for (const ResultHandle& result : results)
+            mustBe(readAll(*result, "i") == count, "not all values were read");
+    };
+    const double time = medianOf([&] {
+        for (ResultHandle& result : results)
+            result.reset();
+        for (ResultHandle& result : results)
+            parseText(*parser, text, (result = newResult(*parser)).get());
+        return timeOf(readAllResults);
+    });
+    return time / static_cast<double>(results.size() * count);
 }
 
 // Nanoseconds an argument, of a text with so many lines.
 double askStream(std::size_t count) {
-    const std::vector<OptionSpec> options = makeOptions(100);
+    const Options options = makeOptions(100);
     const ParserHandle parser = registerOn(options);
     const std::string text = joined(makeCommandLine(options, count, Form::full).texts);
-    return medianTime([&] { parseText(*parser, text); }) / static_cast<double>(count);
+    const auto parse = [&] { parseText(*parser, text, newResult(*parser).get()); };
+    return medianTime(parse) / static_cast<double>(count);
 }
 
 std::size_t heapBytes() {
@@ -84,99 +85,64 @@ std::size_t heapBytes() {
     return now.uordblks + now.hblkhd;
 }
 
-struct Kept {
-    double callsPerArgument;
-    double share;  ///< What the result's end gives back, beside what a host is given once.
-};
-
-Kept keptAfter(std::size_t count) {
-    const std::vector<OptionSpec> options = makeOptions(100);
+// Heap calls an argument; or what the result's end gives back, beside what a host is given once.
+double askHeap(std::size_t count, bool calls) {
+    const Options options = makeOptions(100);
     const ParserHandle parser = registerOn(options);
     CommandLine line = makeCommandLine(options, count, Form::full);
     const std::size_t callsBefore = heapCalls;
     ResultHandle result = newResult(*parser);
     parser->parseArgsVector(line.argc(), line.argv.data(), result.get());
-    const std::size_t calls = heapCalls - callsBefore, bytes = heapBytes();
+    if (calls) return static_cast<double>(heapCalls - callsBefore) / static_cast<double>(count);
+    const std::size_t bytes = heapBytes();
     result.reset();
     // A record and a text for each value, a position for each occurrence.
     const std::size_t given =
         line.items * sizeof(vorn_3_1::Value) + line.itemBytes + count * sizeof(std::int32_t);
-    return {static_cast<double>(calls) / static_cast<double>(count),
-            static_cast<double>(bytes - heapBytes()) / static_cast<double>(given)};
+    return static_cast<double>(bytes - heapBytes()) / static_cast<double>(given);
 }
 
 // Milliseconds for the help text of so many options. A new parser each time, since equal texts may be kept.
 double askHelp(std::size_t count) {
-    const std::vector<OptionSpec> options = makeOptions(count);
-    return medianOf([&] {
-               const ParserHandle parser = registerOn(options);
-               return timeOf([&] { parser->getDescription(); });
-           }) /
-           1e6;
+    const Options options = makeOptions(count);
+    const auto sample = [&] {
+        const ParserHandle parser = registerOn(options);
+        return timeOf([&] { parser->getDescription(); });
+    };
+    return medianOf(sample) / 1e6;
 }
 
-class CountsValues : public vorn_3_1::EventHandler {
-public:
-    bool onValueParse(const char*, const vorn_3_1::Value&) override { return ++count != 0; }
-    std::size_t count = 0;
-};
+// Nanoseconds for texts that are all different, where they become values, values in events, arguments behind "--", and
+// names.
+enum class Place { values, events, behindTerminator, names };
 
-// Milliseconds for so many texts that are all different, where they become ...
-double timeOfValues(const std::vector<std::string>& texts) {
+double timeOfTexts(Place place, const Texts& texts) {
     const ParserHandle parser = newParser();
+    if (place == Place::names)
+        return timeOf([&] {
+            for (const std::string& text : texts)
+                parser->option(text.c_str(), "", tamsu2::qel_string, "bench");
+        });
     parser->option("input", "", tamsu2::qel_string, "bench")->tokenize('\0')->positional();
-    const std::string text = joined(texts);
+    vorn_3_1::EventHandler handler;
+    if (place == Place::events) parser->addHandler(&handler);
+    const std::string text = (place == Place::behindTerminator ? "--\n" : "") + joined(texts);
     const ResultHandle result = newResult(*parser);
     return timeOf([&] {
-        mustBe(parser->parseStream(text.c_str(), result.get()) == 0, "the values are refused");
-        for (vorn_3_1::Value value = result->get("input"); value.status == 0; value = result->next("input")) {
-        }
+        parseText(*parser, text, result.get());
+        if (place == Place::values) mustBe(readAll(*result, "input") == texts.size(), "not all were read");
     });
 }
-
-double timeOfEvents(const std::vector<std::string>& texts) {
-    CountsValues handler;
-    const ParserHandle parser = newParser();
-    parser->option("input", "", tamsu2::qel_string, "bench")->tokenize('\0')->positional();
-    parser->addHandler(&handler);
-    const std::string text = joined(texts);
-    const double time = timeOf([&] { parseText(*parser, text); });
-    mustBe(handler.count == texts.size(), "not all values were events");
-    return time;
-}
-
-double timeOfPassThrough(const std::vector<std::string>& texts) {
-    const ParserHandle parser = newParser();
-    const std::string text = "--\n" + joined(texts);
-    const ResultHandle result = newResult(*parser);
-    return timeOf([&] {
-        parser->parseStream(text.c_str(), result.get());
-        const char* argument = nullptr;
-        for (int code = result->getFirstArgument(&argument); code == 0;
-             code = result->getNextArgument(&argument)) {
-        }
-    });
-}
-
-double timeOfNames(const std::vector<std::string>& texts) {
-    const ParserHandle parser = newParser();
-    return timeOf([&] {
-        for (const std::string& text : texts)
-            parser->option(text.c_str(), "", tamsu2::qel_string, "bench");
-    });
-}
-
-using TimeOfTexts = double (*)(const std::vector<std::string>&);
-constexpr TimeOfTexts placesOfTexts[] = {timeOfValues, timeOfEvents, timeOfPassThrough, timeOfNames};
 
 // How much longer that takes with texts that collide in the standard library's hash than with random ones; the worst
-// place. Both take turns, and a run that takes a hundred times as long is enough.
+// place. Both take turns.
 double askCollisions(std::size_t count) {
-    const std::vector<std::string> random = randomTexts(count), colliding = collidingTexts(count);
+    const Texts random = textsOf16Bytes(count, false), colliding = textsOf16Bytes(count, true);
     double worst = 0;
-    for (const TimeOfTexts time : placesOfTexts) {
-        time(random);
-        worst = std::max(worst, medianOf([&] { return time(colliding) / time(random); }));
+    for (const Place place : {Place::values, Place::events, Place::behindTerminator, Place::names}) {
+        timeOfTexts(place, random);
+        const auto ratio = [&] { return timeOfTexts(place, colliding) / timeOfTexts(place, random); };
+        worst = std::max(worst, medianOf(ratio));
     }
     return worst;
 }
@@ -195,20 +161,17 @@ double askNearNames(std::size_t count) {
 
 // Milliseconds for registering so many names in descending order, with an abbreviated parse behind each.
 double askDescending(std::size_t count) {
-    return medianOf([&] {
-               const ParserHandle parser = newParser();
-               return timeOf([&] {
-                   for (std::size_t i = count; i > 0; --i) {
-                       char name[32];
-                       std::snprintf(name, sizeof name, "name%08zu-word", i);
-                       parser->option(name, "", tamsu2::qel_bool, "bench");
-                       name[sizeof "name00000000-wo" - 1] = '\0';
-                       mustBe(parser->parseStream((std::string("--") + name + "\n").c_str(), nullptr) == 0,
-                              "a name is refused");
-                   }
-               });
-           }) /
-           1e6;
+    const auto sample = [count] {
+        const ParserHandle parser = newParser();
+        return timeOf([&] {
+            for (std::size_t i = 10000000 + count; i > 10000000; --i) {
+                const std::string name = "name" + std::to_string(i) + "-wo";
+                parser->option((name + "rd").c_str(), "", tamsu2::qel_bool, "bench");
+                parseText(*parser, "--" + name + "\n", nullptr);
+            }
+        });
+    };
+    return medianOf(sample) / 1e6;
 }
 
 // How many times its size one argument of so many hyphens takes, beside the argument itself.
@@ -227,17 +190,17 @@ double askHyphens(std::size_t count) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::map<std::string, double (*)(std::size_t)> questions = {
+    using namespace std::placeholders;
+    const std::map<std::string, std::function<double(std::size_t)>> questions = {
         {"queries", askQueries},
         {"stream", askStream},
-        {"heap-calls", [](std::size_t count) { return keptAfter(count).callsPerArgument; }},
-        {"heap-share", [](std::size_t count) { return keptAfter(count).share; }},
         {"help", askHelp},
         {"collisions", askCollisions},
         {"near-names", askNearNames},
         {"descending", askDescending},
         {"hyphens", askHyphens},
-    };
+        {"heap-calls", std::bind(askHeap, _1, true)},
+        {"heap-share", std::bind(askHeap, _1, false)}};
     const auto question = argc == 3 ? questions.find(argv[1]) : questions.end();
     if (question == questions.end()) return 2;
     std::printf("%g\n", question->second(std::strtoul(argv[2], nullptr, 10)));

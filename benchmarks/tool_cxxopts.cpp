@@ -12,49 +12,35 @@ enum class Format { text, json };
 
 namespace {
 
-[[noreturn]] void fail(const std::string& message) {
+void require(bool holds, const std::string& message) {
+    if (holds) return;
     std::fprintf(stderr, "thumbs: %s\n", message.c_str());
     std::exit(2);
 }
 
-Format formatOf(const std::string& name) {
-    if (name == "text") return Format::text;
-    if (name == "json") return Format::json;
-    fail("'" + name + "' is no format");
-}
-
-void run(const cxxopts::ParseResult& result, cxxopts::Options& options) {
-    if (result.count("help")) {
-        std::puts(options.help().c_str());
-        return;
-    }
-    if (result.count("version")) {
-        std::puts("thumbs 1.4.0");
-        return;
-    }
-    const char* fromEnvironment = std::getenv("THUMBS_QUALITY");
-    const bool isGiven = result.count("quality") != 0;
-    const int quality =
-        !isGiven && fromEnvironment != nullptr ? std::atoi(fromEnvironment) : result["quality"].as<int>();
-    if (quality < 1 || quality > 100) fail("the quality is from 1 to 100");
-    const Format format = formatOf(result["format"].as<std::string>());
+void run(const cxxopts::ParseResult& result) {
+    const char* environment = result.count("quality") != 0 ? nullptr : std::getenv("THUMBS_QUALITY");
+    const int quality = environment != nullptr ? std::atoi(environment) : result["quality"].as<int>();
+    require(quality >= 1 && quality <= 100, "the quality is from 1 to 100");
+    const std::string formatName = result["format"].as<std::string>();
+    require(formatName == "text" || formatName == "json", "'" + formatName + "' is no format");
+    const Format format = formatName == "text" ? Format::text : Format::json;
     const std::string colour = result["colour"].as<std::string>();
-    if (colour != "never" && colour != "auto" && colour != "always")
-        fail("colours are never, auto or always");
-    if (result.count("output-dir") == 0) fail("missing option: --output-dir DIR");
-    if (result.count("image") == 0) fail("missing argument: IMAGE");
-    if (result.count("quiet") && result.count("verbose"))
-        fail("'--quiet' and '--verbose' exclude each other");
+    require(colour == "never" || colour == "auto" || colour == "always", "colours are never, auto or always");
+    require(result.count("output-dir") != 0, "missing option: --output-dir DIR");
+    require(result.count("image") != 0, "missing argument: IMAGE");
+    require(!result.count("quiet") || !result.count("verbose"),
+            "'--quiet' and '--verbose' exclude each other");
 
     std::vector<int> sizes;
     if (result.count("size")) sizes = result["size"].as<std::vector<int>>();
     std::optional<double> limit;
     if (result.count("limit")) limit = result["limit"].as<double>();
     const std::filesystem::path folder = result["output-dir"].as<std::string>();
-    if (result.count("verbose") > 1)
-        std::printf("quality from %s\n", isGiven                      ? "the command line"
-                                         : fromEnvironment != nullptr ? "THUMBS_QUALITY"
-                                                                      : "the default");
+    const char* origin = result.count("quality") != 0 ? "the command line"
+                         : environment                ? "THUMBS_QUALITY"
+                                                      : "the default";
+    if (result.count("verbose") > 1) std::printf("quality from %s\n", origin);
     std::printf("quality %d, format %s, %zu sizes, colour %s, to %s\n", quality,
                 format == Format::json ? "json" : "text", sizes.size(), colour.c_str(), folder.c_str());
     if (limit) std::printf("at most %g s\n", *limit);
@@ -66,6 +52,7 @@ void run(const cxxopts::ParseResult& result, cxxopts::Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    using Texts = std::vector<std::string>;
     cxxopts::Options options("thumbs", "Makes small copies of images.");
     options.add_options()("q,quality", "How good they look.", cxxopts::value<int>()->default_value("80"))(
         "format", "What to write.", cxxopts::value<std::string>()->default_value("text"))(
@@ -75,12 +62,14 @@ int main(int argc, char** argv) {
         "o,output-dir", "Where they go.", cxxopts::value<std::string>(), "DIR")(
         "limit", "Stop after so many seconds.", cxxopts::value<double>())(
         "v,verbose", "Say what is done; twice says more.")("quiet", "Say nothing.")("h,help", "Show this.")(
-        "version", "Show the version.")("image", "Pictures to read.",
-                                        cxxopts::value<std::vector<std::string>>());
+        "version", "Show the version.")("image", "Pictures to read.", cxxopts::value<Texts>());
     options.parse_positional("image");
     try {
-        run(options.parse(argc, argv), options);
+        const cxxopts::ParseResult result = options.parse(argc, argv);
+        if (result.count("help")) return std::puts(options.help().c_str()) < 0;
+        if (result.count("version")) return std::puts("thumbs 1.4.0") < 0;
+        run(result);
     } catch (const cxxopts::exceptions::exception& mistake) {
-        fail(mistake.what());
+        require(false, mistake.what());
     }
 }

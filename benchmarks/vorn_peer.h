@@ -19,7 +19,7 @@ using ParserHandle = std::unique_ptr<vorn_3_1::IParser, Destroy>;
 using ResultHandle = std::unique_ptr<vorn_3_1::IParseResult, Destroy>;
 
 /// A parser with the options; lists are cut at ',', everything else is taken whole.
-ParserHandle registerOn(const std::vector<OptionSpec>& options);
+ParserHandle registerOn(const Options& options);
 
 ParserHandle newParser();
 ResultHandle newResult(vorn_3_1::IParser& parser);

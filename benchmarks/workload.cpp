@@ -1,25 +1,23 @@
 #include "workload.h"
 
 #include <array>
-#include <stdexcept>
 
 namespace bench {
 namespace {
 
 // No two words of a row share their first three letters, which is what the shortened forms keep.
-constexpr std::array<const char*, 10> firstWords = {"archive", "backup", "compile", "debug", "export",
-                                                    "filter",  "import", "layout",  "merge", "output"};
-constexpr std::array<const char*, 10> secondWords = {"buffer", "cache", "device", "format", "header",
-                                                     "index",  "limit", "module", "object", "record"};
-constexpr std::array<const char*, 10> thirdWords = {"action", "border", "count",  "depth",    "encoding",
-                                                    "folder", "group",  "height", "interval", "level"};
+using Words = std::array<const char*, 10>;
+constexpr Words firstWords = {"archive", "backup", "compile", "debug", "export",
+                              "filter",  "import", "layout",  "merge", "output"};
+constexpr Words secondWords = {"buffer", "cache", "device", "format", "header",
+                               "index",  "limit", "module", "object", "record"};
+constexpr Words thirdWords = {"action", "border", "count",  "depth",    "encoding",
+                              "folder", "group",  "height", "interval", "level"};
 constexpr std::size_t keptLetters = 3;
 
 Kind kindOf(std::size_t index) {
     constexpr Kind kinds[] = {Kind::onOff, Kind::integer, Kind::text};
-    if (index % 4 < 3) {
-        return kinds[index % 4];
-    }
+    if (index % 4 < 3) return kinds[index % 4];
     return index / 4 % 2 == 0 ? Kind::number : Kind::list;
 }
 
@@ -28,54 +26,29 @@ std::string nameOf(std::size_t index) {
     std::string name = firstWords[index % 10];
     name.append("-").append(secondWords[(index / 10 + index) % 10]);
     name.append("-").append(thirdWords[(index / 100 + 3 * index) % 10]);
-    if (index >= 1000) {
-        name.append("-").append(std::to_string(index / 1000));
-    }
+    if (index >= 1000) name.append("-").append(std::to_string(index / 1000));
     return name;
 }
 
-// Texts one behind the other, for the life of the process.
-class Literals {
-public:
-    explicit Literals(std::size_t bytes) { all.reserve(bytes); }
+// Adds a text that never moves: there is room for all.
+const char* add(std::string& literals, const std::string& text) {
+    const std::size_t start = literals.size();
+    literals.append(text).push_back('\0');
+    return literals.data() + start;
+}
 
-    const char* add(const std::string& text) {
-        const std::size_t start = all.size();
-        if (all.capacity() - start <= text.size()) {
-            throw std::length_error("the texts would move");
-        }
-        all.append(text).push_back('\0');
-        return all.data() + start;
-    }
-
-private:
-    std::string all;
-};
-
-// "archive-buffer-action" -> "archive-buffer-act"
-std::string cutLastWord(const std::string& name) { return name.substr(0, name.rfind('-') + 1 + keptLetters); }
-
-// "archive-buffer-action" -> "arc-buf-act"
-std::string cutEveryWord(const std::string& name) {
-    std::string cut;
+// "archive-buffer-action" -> "archive-buffer-act", or "arc-buf-act"
+std::string cut(const std::string& name, bool everyWord) {
+    std::string shortened;
     std::size_t kept = 0;
-    for (const char letter : name) {
-        kept = letter == '-' ? 0 : kept + 1;
-        if (kept <= keptLetters) {
-            cut += letter;
-        }
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        kept = name[i] == '-' ? 0 : kept + 1;
+        if (kept <= keptLetters || (!everyWord && i < name.rfind('-'))) shortened += name[i];
     }
-    return cut;
+    return shortened;
 }
 
-std::string typedName(const OptionSpec& option, Form form) {
-    if (form == Form::prefix) return cutLastWord(option.name);
-    if (form == Form::cut) return cutEveryWord(option.name);
-    return option.name;
-}
-
-// Values differ from argument to argument, as file names and numbers do; the numbers are multiples of
-// an eighth, so that their sums are exact.
+// Values differ from argument to argument, as file names and numbers do.
 std::string valueText(Kind kind, std::size_t index, bool hasDecimalPoint) {
     const std::string digits = std::to_string(index);
     if (kind == Kind::integer) return std::to_string(index * 37 % 100003);
@@ -83,14 +56,6 @@ std::string valueText(Kind kind, std::size_t index, bool hasDecimalPoint) {
     if (kind == Kind::number) return digits + (!hasDecimalPoint ? "" : index / 4 % 2 == 0 ? ".125" : ".75");
     if (kind == Kind::list) return "alpha" + digits + ",beta,gamma" + std::to_string(index % 100);
     return {};
-}
-
-void addValue(Tally& tally, Kind kind, const std::string& value) {
-    if (kind == Kind::onOff) ++tally.switches;
-    if (kind == Kind::integer) tally.add(std::stoi(value));
-    if (kind == Kind::text) tally.add(value);
-    if (kind == Kind::number) tally.add(std::stod(value));
-    if (kind == Kind::list) tally.addList(value);
 }
 
 // The option of the index-th argument: kinds take turns, and within a kind the walk jumps about but
@@ -103,79 +68,39 @@ std::size_t optionOfArgument(std::size_t index, std::size_t optionCount) {
 
 }  // namespace
 
-void Tally::add(int value) {
-    ++values;
-    integers += value;
-}
-
-void Tally::add(double value) {
-    ++values;
-    numbers += value;
-}
-
-void Tally::add(std::string_view text) {
-    ++values;
-    std::uint32_t hash = 2166136261u;
-    for (const char letter : text) {
-        hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619u;
-    }
-    texts += hash;
-}
-
-void Tally::addList(std::string_view joined) {
-    for (std::size_t end = joined.find(','); end != std::string_view::npos; end = joined.find(',')) {
-        add(joined.substr(0, end));
-        joined.remove_prefix(end + 1);
-    }
-    add(joined);
-}
-
-std::vector<OptionSpec> makeOptions(std::size_t count) {
+Options makeOptions(std::size_t count) {
     // Never given back: a host's literals last as long as the process.
-    Literals& names = *new Literals(count * 40);
-    Literals& otherTexts = *new Literals(count * 240);
-    std::vector<OptionSpec> options;
+    std::string& names = *new std::string;
+    std::string& otherTexts = *new std::string;
+    names.reserve(count * 40);
+    otherTexts.reserve(count * 240);
+    Options options;
     for (std::size_t index = 0; index < count; ++index) {
         const std::string name = nameOf(index);
         const std::string alias = "x" + std::to_string(index);
         options.push_back(
-            {names.add(name), names.add(alias), otherTexts.add(name + "," + alias),
-             otherTexts.add("--" + name + ",--" + alias),
-             otherTexts.add("Says how " + name + " is to be treated when the input holds several."),
+            {add(names, name), add(names, alias), add(otherTexts, name + "," + alias),
+             add(otherTexts, "--" + name + ",--" + alias),
+             add(otherTexts, "Says how " + name + " is to be treated when the input holds several."),
              kindOf(index)});
     }
     return options;
 }
 
-CommandLine makeCommandLine(const std::vector<OptionSpec>& options, std::size_t count, Form form,
-                            bool hasDecimalPoints) {
+CommandLine makeCommandLine(const Options& options, std::size_t count, Form form, bool hasDecimalPoints) {
     CommandLine line;
-    std::vector<std::string> lastValues(options.size());
-    std::vector<bool> given(options.size());
-    line.texts.reserve(count);
     for (std::size_t index = 0; index < count; ++index) {
-        const std::size_t chosen = optionOfArgument(index, options.size());
-        const OptionSpec& option = options[chosen];
+        const OptionSpec& option = options[optionOfArgument(index, options.size())];
         const std::string value = valueText(option.kind, index, hasDecimalPoints);
-        line.texts.push_back("--" + typedName(option, form) + (value.empty() ? "" : "=" + value));
-        if (option.kind != Kind::onOff || !given[chosen]) {
-            addValue(line.everything, option.kind, value);
-        }
+        const std::string name = form == Form::full ? option.name : cut(option.name, form == Form::cut);
+        line.texts.push_back("--" + name + (value.empty() ? "" : "=" + value));
         line.items += option.kind == Kind::list ? 3 : 1;
         line.itemBytes += option.kind == Kind::onOff ? sizeof "1" : value.size() + 1;
-        lastValues[chosen] = value;
-        given[chosen] = true;
-    }
-    for (std::size_t index = 0; index < options.size(); ++index) {
-        if (given[index]) {
-            addValue(line.lastOnly, options[index].kind, lastValues[index]);
-        }
     }
     static char programName[] = "bench";
     line.argv.push_back(programName);
-    for (std::string& text : line.texts) {
+    for (std::string& text : line.texts)
         line.argv.push_back(text.data());
-    }
     line.argv.push_back(nullptr);
     return line;
 }

@@ -3,9 +3,7 @@
 #define BENCHMARKS_WORKLOAD_H
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace bench {
@@ -22,44 +20,20 @@ struct OptionSpec {
     const char* description;
     Kind kind;
 };
+using Options = std::vector<OptionSpec>;
 
 /// A quarter each of switches, integers and texts; the last quarter alternates numbers and lists.
 /// All names are different; up to 1000 options they have three words, beyond that four.
-std::vector<OptionSpec> makeOptions(std::size_t count);
+Options makeOptions(std::size_t count);
 
 /// How names are typed: in full, as the shortest beginning that ends in the last word, or with every
 /// word cut ("archive-buffer-action", "archive-buffer-act", "arc-buf-act").
 enum class Form { full, prefix, cut };
 
-/// What a parser found, summed so that it can be compared whatever the order. Switches count once per
-/// option, since most parsers keep no more.
-struct Tally {
-    std::size_t switches = 0;
-    std::size_t values = 0;
-    std::int64_t integers = 0;
-    double numbers = 0;
-    std::uint32_t texts = 0;
-
-    void add(int value);
-    void add(double value);
-    void add(std::string_view text);
-    void addList(std::string_view joined);  ///< For parsers that leave "a,b,c" in one piece.
-    template <class Values>
-    void addAll(const Values& all) {
-        for (const auto& value : all) {
-            add(value);
-        }
-    }
-
-    friend bool operator==(const Tally&, const Tally&) = default;
-};
-
-/// An argument vector, and what must be found in it.
+/// An argument vector.
 struct CommandLine {
     std::vector<std::string> texts;  ///< Without the program's name.
     std::vector<char*> argv;         ///< With it, and with the null pointer at the end.
-    Tally everything;                ///< All values of all occurrences.
-    Tally lastOnly;                  ///< The last occurrence of every option.
     std::size_t items = 0;           ///< Values, counting switches and every list item.
     std::size_t itemBytes = 0;       ///< Their texts, each with its end.
 
@@ -68,7 +42,7 @@ struct CommandLine {
 
 /// `count` arguments of the form --name=value (switches: --name), spread evenly over the options. Without decimal
 /// points, no number needs to know the locale's.
-CommandLine makeCommandLine(const std::vector<OptionSpec>& options, std::size_t count, Form form,
+CommandLine makeCommandLine(const Options& options, std::size_t count, Form form,
                             bool hasDecimalPoints = true);
 
 }  // namespace bench

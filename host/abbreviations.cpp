@@ -264,7 +264,6 @@ std::vector<std::string> formsByWords(const std::string& name) {
         if (number > most && lengths.size() > fewLetters + 1) {
             lengths.erase(lengths.begin() + fewLetters, lengths.end() - 1);
         }
-        if (lengths.empty()) lengths.push_back(0);
         std::vector<std::string> longer;
         for (const std::string& front : forms) {
             for (const std::size_t length : lengths)
@@ -373,10 +372,10 @@ private:
 std::string shortestOf(Oracle& oracle, const std::string& name) {
     const std::vector<std::string> forms = oracle.forms(name);
     const Answer full = oracle.ask({name})[0];
-    for (const std::string& form : forms) {
-        if (oracle.ask({form})[0].isSame(full)) return form;
-    }
-    return name;
+    const auto shortest = std::find_if(forms.begin(), forms.end(), [&](const std::string& form) {
+        return oracle.ask({form})[0].isSame(full);
+    });
+    return shortest != forms.end() ? *shortest : name;
 }
 
 /// Lists the shortest forms of all names.
@@ -391,18 +390,18 @@ public:
         for (const Record& record : table.records) {
             for (const std::string& name : namesOf(record))
                 entries.push_back(
-                    {{AbbreviatedName::Kind::option, path, "", name}, shortestOf(options, name)});
+                    {{AbbreviatedName::Kind::option, path, "", name, false}, shortestOf(options, name)});
             ChoiceOracle choices(record);
             for (const std::string& name : record.choiceTexts())
-                entries.push_back(
-                    {{AbbreviatedName::Kind::choice, path, std::string(record.firstName()), name},
-                     shortestOf(choices, name)});
+                entries.push_back({{AbbreviatedName::Kind::choice, path, std::string(record.firstName()),
+                                    name, record.isPositional()},
+                                   shortestOf(choices, name)});
         }
         NameOracle commands(table, true);
         for (const std::unique_ptr<Table>& command : table.commands) {
             for (const std::string& name : piecesOf(command->names, ','))
                 entries.push_back(
-                    {{AbbreviatedName::Kind::command, path, "", name}, shortestOf(commands, name)});
+                    {{AbbreviatedName::Kind::command, path, "", name, false}, shortestOf(commands, name)});
             list(*command);
         }
     }
@@ -429,7 +428,7 @@ std::string withShortest(const std::string& text, const std::vector<Abbreviation
         const std::string_view shown = std::string_view(line).substr(line.find_first_not_of(' '));
         const bool hasNames = shown != heading && shown != "end" && shown.substr(0, 9) != "argument ";
         std::size_t names = 1 + static_cast<std::size_t>(std::count(line.begin(), line.end(), ','));
-        if (shown.find("switch ") != std::string_view::npos && shown.substr(0, 7) != "choice ") names *= 2;
+        if (shown.find("switch ") != std::string_view::npos) names *= 2;  // no name holds a blank
         for (std::size_t i = 0; hasNames && i < names; ++i)
             all.append(i == 0 ? " # " : " ").append(withoutBlanks(entries[next++].shortest));
         all += '\n';
@@ -477,24 +476,25 @@ private:
         const std::string option(record.firstName());
         const detail::NameMeaning* later = nullptr;
         for (const std::string& name : record.allNames()) {
-            if (later == nullptr) later = after.find(name);
+            if (later == nullptr) later = after.findDeclared(name);
         }
-        if (later == nullptr) return;  // said already
+        if (later == nullptr) return;  // said already, or nobody typed its name
         ChoiceOracle choicesBefore(record);
         ChoiceOracle choicesAfter(after.records[later->index]);
         for (std::size_t i = 0; i < record.choices()->size(); ++i) {
             const std::vector<std::string>& names = record.details->choices.names;
             compareName(AbbreviatedName::Kind::choice, option, names[i], names[groupOf(record, i)],
-                        choicesBefore, choicesAfter);
+                        choicesBefore, choicesAfter, record.isPositional());
         }
     }
 
     void compareName(AbbreviatedName::Kind kind, const std::string& option, const std::string& name,
-                     const std::string& first, Oracle& before, Oracle& after) {
+                     const std::string& first, Oracle& before, Oracle& after, bool isPositional = false) {
         BrokenAbbreviation one;
         one.kind = kind;
         one.command = path;
         one.option = option;
+        one.isPositional = isPositional;
         one.name = name;
         const std::vector<std::string> promised = promisedForms(name, before);
         const std::vector<Answer> answers = after.ask(promised);
@@ -535,7 +535,7 @@ std::string typedForm(const BrokenAbbreviation& broken, const std::string& text)
         case AbbreviatedName::Kind::option:
             return detail::hyphened(text);
         case AbbreviatedName::Kind::choice:
-            return detail::hyphened(broken.option) + "=" + text;
+            return broken.isPositional ? text : detail::hyphened(broken.option) + "=" + text;
         case AbbreviatedName::Kind::command:
             break;
     }

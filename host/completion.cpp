@@ -217,9 +217,10 @@ private:
                 ++same;
             common.resize(same);
         }
-        found.areListedOnly = common.size() < word.size() ||
-                              names.find(common.substr(std::min<std::size_t>(2, common.size()))) !=
-                                  names.find(word.substr(hyphens));
+        const std::size_t front = hyphens == 0 ? 0 : 2;  // whatever was typed, the candidates have two
+        found.areListedOnly =
+            common.size() < word.size() ||
+            names.find(common.substr(std::min(front, common.size()))) != names.find(word.substr(hyphens));
     }
 
     void completeCommand() {

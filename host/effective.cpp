@@ -26,7 +26,7 @@ bool canStandInALine(const std::string& value) {
 /// One line for each text that the option is to read.
 std::vector<std::string> valueTexts(const Record& record, const Values& values) {
     std::vector<std::string> texts;
-    const std::size_t begin = record.collects() || values.size() == 0 ? 0 : values.size() - 1;
+    const std::size_t begin = record.collects() ? 0 : values.size() - 1;
     for (std::size_t i = begin; i < values.size(); ++i) {
         std::string text = record.shownValue(values, i);
         if (record.separator != '\0' && !texts.empty()) {

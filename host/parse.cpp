@@ -295,8 +295,7 @@ void Parse::distribute(Table& table) {
             forOptional -= wanted;
         }
         const std::size_t end = std::min(next + wanted, positionals.size());
-        const bool isShort = end - next < wanted;
-        if (isShort && !wasRefused(record))
+        if (end - next < wanted)
             findings.errors.emplace(argumentOrder,
                                     missingArgument(record, static_cast<unsigned>(end - next)));
         for (; next < end; ++next)

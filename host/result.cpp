@@ -58,18 +58,18 @@ unsigned ResultData::addSource(Origin::Layer layer, std::string name) {
 
 namespace {
 
+/// Never destroyed: objects of the host may read results when the process ends.
+template <class T>
+const Values* makeOne(T value) {
+    auto made = std::make_unique<TypedValues<T>>();
+    made->items.push_back(value);
+    return made.release();
+}
+
 /// Switches are off, flags not given and counts 0 unless something else is said.
 const Values* impliedDefault(const Record& record) {
-    static const TypedValues<bool>* const off = [] {
-        static TypedValues<bool> made;
-        made.items.push_back(false);
-        return &made;
-    }();
-    static const TypedValues<int>* const zero = [] {
-        static TypedValues<int> made;
-        made.items.push_back(0);
-        return &made;
-    }();
+    static const Values* const off = makeOne(false);
+    static const Values* const zero = makeOne(0);
     if (record.what == What::count) return zero;
     return record.hasValue() ? nullptr : off;
 }

@@ -9,6 +9,9 @@ namespace vorn_3_1::host::detail {
 
 namespace {
 
+/// More is no list of arguments but perhaps a pipe without an end.
+constexpr std::size_t largest = 64U << 20;
+
 struct Close {
     void operator()(std::FILE* file) const noexcept { std::fclose(file); }
 };
@@ -30,6 +33,7 @@ std::string readTextFile(const std::string& path, std::string& text, bool& isMis
     errno = 0;
     while (const std::size_t count = std::fread(block, 1, sizeof block, file.get())) {
         if (std::memchr(block, '\0', count) != nullptr) return "it holds a NUL character and is no text";
+        if (text.size() + count > largest) return "it is larger than 64 MiB";
         text.append(block, count);
     }
     return std::ferror(file.get()) != 0 ? std::strerror(errno) : "";

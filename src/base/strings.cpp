@@ -1,3 +1,4 @@
+// The console and the two conversions, which convert nothing as long as the suite's string library is not there.
 #include "base/strings.h"
 
 #include <ostream>

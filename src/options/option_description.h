@@ -32,7 +32,7 @@ namespace vorn_3_1::internal {
 struct OptionContext {
     OptionIndex index;
     TextArena texts;
-    Garbage* keeper;  // the parser's; not owned
+    Garbage* garbage;  // the parser's; not owned
 };
 
 /// What a registration fixes; the builder adds the rest.
@@ -42,11 +42,11 @@ struct Registration {
     tamsu2::qel_variant_type_t type = tamsu2::qel_empty;
 };
 
-/// A copy costs next to nothing, and stays as it is when the builder shapes the option: recognisers take one
-/// where a handler may shape the very option that is being parsed.
+/// A copy costs next to nothing, and stays as it is when the builder changes the option: recognisers take one
+/// where a handler may change the very option that is being parsed.
 class OptionDescription final : public IOption {
 public:
-    /// Without a context it is the registry's fallback, which nothing shapes.
+    /// Without a context it is the registry's fallback, which nothing changes.
     OptionDescription() = default;
     OptionDescription(const Registration& registration, unsigned ownNumber, OptionContext& registry)
         : registered(registration), number(ownNumber), context(&registry) {}
@@ -84,14 +84,14 @@ public:
     bool isPositional() const { return takesPositional; }
     bool hasDefault() const { return values != nullptr && values->byDefault.has_value(); }
     bool isSwitch() const { return registered.type == tamsu2::qel_bool; }
-    char tokenizer() const { return separatorCharacter; }
+    char separator() const { return separatorCharacter; }
     tamsu2::qel_variant_type_t type() const { return registered.type; }
     /// Only where there is one.
     const tamsu2::variant_t& defaultValue() const { return *values->byDefault; }
     std::span<const tamsu2::variant_t> allowedValues() const {
         return values == nullptr ? std::span<const tamsu2::variant_t>() : values->allowed;
     }
-    Garbage* keeper() const { return context->keeper; }
+    Garbage* garbage() const { return context->garbage; }
 
     /// Identifies this list of names: no two lists of the process ever have the same number, and never 0.
     std::uint64_t nameListId() const { return listId; }
@@ -105,8 +105,8 @@ public:
     /// The text, up to its first NUL, as a value of the option's type; empty (kind 17) when it is none.
     tamsu2::variant_t fromString(std::string_view text) const;
 
-    /// The value as text, kept by the keeper; "" for a type without conversion.
-    const char* toString(Garbage* textKeeper, const tamsu2::variant_t& value) const;
+    /// The value as text, kept by `target`; "" for a type without conversion.
+    const char* toString(Garbage* target, const tamsu2::variant_t& value) const;
 
     /// Whether the option accepts the text. True: `value` holds it (but stays empty on type 12, where the
     /// text itself is the value and nobody may want a copy), and `text` has become the whole allowed value

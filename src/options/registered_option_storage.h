@@ -32,8 +32,8 @@ struct OptionGroup {
 /// Descriptions, names and groups stay as long as the registry, in order of registration.
 class RegisteredOptionStorage {
 public:
-    /// The keeper is handed to every description; not owned.
-    explicit RegisteredOptionStorage(Garbage* textKeeper) : context{{}, {}, textKeeper} {}
+    /// Not owned, and handed to every description.
+    explicit RegisteredOptionStorage(Garbage* garbage) : context{{}, {}, garbage} {}
     RegisteredOptionStorage(const RegisteredOptionStorage&) = delete;
     RegisteredOptionStorage& operator=(const RegisteredOptionStorage&) = delete;
 

@@ -104,8 +104,8 @@ bool OptionDescription::convert(std::string_view text, tamsu2::variant_t& value)
     }
 }
 
-const char* OptionDescription::toString(Garbage* textKeeper, const tamsu2::variant_t& value) const {
-    return textKeeper->init(textOf(type(), value).c_str());
+const char* OptionDescription::toString(Garbage* target, const tamsu2::variant_t& value) const {
+    return target->init(textOf(type(), value).c_str());
 }
 
 }  // namespace vorn_3_1::internal

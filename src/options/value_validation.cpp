@@ -83,7 +83,7 @@ unsigned OptionDescription::expandBeginning(std::string_view& text) const {
 std::string OptionDescription::listOfAllowedValues() const {
     std::string list;
     for (const tamsu2::variant_t& allowed : allowedValues()) {
-        append(list, {list.empty() ? "'" : ", '", toString(keeper(), allowed), "'"});
+        append(list, {list.empty() ? "'" : ", '", toString(garbage(), allowed), "'"});
     }
     return list;
 }

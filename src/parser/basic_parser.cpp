@@ -1,4 +1,9 @@
 // What a parser does beside parsing and writing help: its making, its results, registering, handlers, the last error.
+// Each operation hands the work on to the part that does it, and turns what that throws into a code:
+//
+//     parser->option(...)        RegisteredOptionStorage::option, which throws nothing
+//     parser->createResult(&r)   0, or 3 where there is no memory
+//     parser->getErrorDesc()     a copy of the last error that stays as long as the parser
 #include "parser/basic_parser.h"
 
 #include <exception>

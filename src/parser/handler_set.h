@@ -19,7 +19,7 @@ namespace vorn_3_1::internal {
 class Garbage;
 
 /// Passes every event on in ascending order of the handlers' addresses, with names and arguments that stay
-/// valid as long as the keeper. Handlers may come and go while an event is under way. What a handler
+/// valid as long as their copies in `garbage`. Handlers may come and go while an event is under way. What a handler
 /// throws passes through.
 ///
 /// A handler may raise events itself: it may parse, or be a parser with handlers of its own. Parsers that
@@ -27,8 +27,8 @@ class Garbage;
 /// throws std::logic_error.
 class HandlerSet final : public EventHandler {
 public:
-    /// Texts that events hand out are copied into the keeper, which outlives the set.
-    explicit HandlerSet(Garbage& textKeeper) : garbage(textKeeper) {}
+    /// Texts that events hand out are copied into it; it outlives the set.
+    explicit HandlerSet(Garbage& keptTexts) : garbage(keptTexts) {}
 
     /// False, and no change, for a null pointer and for a handler that is there.
     bool add(EventHandler* handler) { return handler != nullptr && handlers.insert(handler).second; }

@@ -58,11 +58,11 @@ void writeValueSyntax(std::string& out, const OptionDescription& option) {
     if (option.allowedValues().empty()) append(out, {"=<", option.getTypeName(), ">"});
     std::string_view before = "=";
     for (const tamsu2::variant_t& allowed : option.allowedValues()) {
-        append(out, {before, option.toString(option.keeper(), allowed)});
+        append(out, {before, option.toString(option.garbage(), allowed)});
         before = " | ";
     }
     if (option.hasDefault())
-        append(out, {" (", option.toString(option.keeper(), option.defaultValue()), ")"});
+        append(out, {" (", option.toString(option.garbage(), option.defaultValue()), ")"});
 }
 
 // What stands in front of the description: "-l, -level=<integer> (5)". An option without a value has only its names.

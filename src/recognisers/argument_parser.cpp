@@ -22,7 +22,7 @@ std::string IArgumentParser::formatTokenMessage(std::string_view token) const {
 }
 
 void IArgumentParser::announceOption(const OptionDescription& option) const {
-    if (context.owner != nullptr) context.owner->onOptionParse(option.firstName().data());
+    if (context.events != nullptr) context.events->onOptionParse(option.firstName().data());
 }
 
 // The occurrence draws its position before its values do, so a query for what comes after the occurrence finds them.
@@ -30,15 +30,15 @@ void IArgumentParser::announceOption(const OptionDescription& option) const {
 int IArgumentParser::parseValueAndAddOption(std::string_view value, std::string& msg,
                                             const OptionDescription& option, const ArgumentList& args,
                                             IResultCollector* collector) {
-    found.position = nextPosition();
-    found.values.clear();
+    occurrence.position = nextPosition();
+    occurrence.values.clear();
     if (!value.empty()) {
         logLine(name, ": adding values to result container:");
-        const bool isList = option.tokenizer() != '\0';
+        const bool isList = option.separator() != '\0';
         const int code = isList ? addItems(value, msg, option, args) : addValue(value, msg, option, args);
         if (code != 0) return code;
     }
-    if (collector != nullptr) collector->store(option, found);
+    if (collector != nullptr) collector->store(option, occurrence);
     logLine(name, ": stored option to result container.");
     return 0;
 }
@@ -53,7 +53,7 @@ int IArgumentParser::addValue(std::string_view value, std::string& msg, const Op
 // The last log line is written for a list only, and without any handler, too: kept on purpose.
 int IArgumentParser::addItems(std::string_view value, std::string& msg, const OptionDescription& option,
                               const ArgumentList& args) {
-    const char separator = option.tokenizer();
+    const char separator = option.separator();
     logLine(name, ": using tokenizer on char: '", std::string_view(&separator, 1), "'");
     SeparatedText items(value, separator);
     for (std::string_view item; items.next(item);) {
@@ -70,7 +70,7 @@ int IArgumentParser::addItems(std::string_view value, std::string& msg, const Op
 // to a whole allowed value.
 int IArgumentParser::addItem(std::string_view item, std::string_view value, std::string& msg,
                              const OptionDescription& option, const ArgumentList& args) {
-    ValueRecord& record = found.values.emplace_back();
+    ValueRecord& record = occurrence.values.emplace_back();
     record.text = item;
     if (!option.validate(record.text, record.value, msg)) {
         msg = joined({"Value validation problem in argument '", args.front(), "': ", msg});
@@ -78,7 +78,7 @@ int IArgumentParser::addItem(std::string_view item, std::string_view value, std:
         return invalidArgument;
     }
     record.position = nextPosition();
-    if (context.owner == nullptr || announceValue(item, option, record)) return 0;
+    if (context.events == nullptr || announceValue(item, option, record)) return 0;
 
     // The message quotes the whole value, and its log line runs on from the recogniser's name: both kept.
     msg = joined({"Value '", value, "' is not valid for option '", option.firstName(), "' in argument '",
@@ -95,7 +95,7 @@ bool IArgumentParser::announceValue(std::string_view item, const OptionDescripti
     const std::string_view typed = item.substr(0, item.find('\0'));
     Value value{context.garbage->keep(typed).data(), 0, record.position,
                 isText ? option.fromString(record.text) : std::move(record.value)};
-    const bool accepted = context.owner->onValueParse(option.firstName().data(), value);
+    const bool accepted = context.events->onValueParse(option.firstName().data(), value);
     if (!isText) record.value = std::move(value.value);
     return accepted;
 }

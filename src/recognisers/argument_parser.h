@@ -30,8 +30,8 @@ class RegisteredOptionStorage;
 
 /// What the parser gives its recognisers. Nothing of it is owned.
 struct RecogniserContext {
-    EventHandler* owner;  // raises events at the host's handlers; null when nobody listens
-    Garbage* garbage;     // keeps the texts that events hand out
+    EventHandler* events;  // hands them on to the host's handlers; null when nobody listens
+    Garbage* garbage;      // keeps the texts that events hand out
     int flags;
 };
 
@@ -67,11 +67,11 @@ protected:
     int parseValueAndAddOption(std::string_view value, std::string& msg, const OptionDescription& option,
                                const ArgumentList& args, IResultCollector* collector);
 
-    /// Calls `parse` with the option as it is now: a handler may shape the option, or register others, while it
+    /// Calls `parse` with the option as it is now: a handler may change the option, or register others, while it
     /// is parsed. Where nobody listens no copy is made.
     template <class Parse>
     int withSnapshotOf(const OptionDescription& registered, Parse parse) const {
-        return context.owner == nullptr ? parse(registered) : parse(OptionDescription(registered));
+        return context.events == nullptr ? parse(registered) : parse(OptionDescription(registered));
     }
 
     /// Raises onOptionParse with the option's first name.
@@ -90,7 +90,7 @@ private:
                 const OptionDescription& option, const ArgumentList& args);
     bool announceValue(std::string_view item, const OptionDescription& option, ValueRecord& record) const;
 
-    OptionData found;  // kept between arguments for its memory only
+    OptionData occurrence;  // kept between arguments for its memory only
 };
 
 }  // namespace vorn_3_1::internal

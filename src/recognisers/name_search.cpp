@@ -1,3 +1,12 @@
+// Two ways to look names up, and when to go over from one to the other.
+//
+//     names                        looked up by
+//     those in trees               WordTree: word by word
+//     those registered since then  shortenedWords, one name after the other
+//
+// The names in trees come first in the index and the others behind them, so `namesInTrees` is where the second way
+// begins. growTrees moves it. Both ways give each name that matches to Query::add, which keeps those with the fewest
+// shortened words.
 #include "recognisers/name_search.h"
 
 namespace vorn_3_1::internal {

@@ -1,4 +1,14 @@
 // Which names a shortened name may stand for.
+//
+// The recogniser of named options asks it for what the index has not found as a whole name. With the names output-file,
+// output-dir and the switch notify:
+//
+//     typed     best                           because
+//     o-f       output-file                    as many words, and each begins so
+//     out       none                           output-file has two words
+//     output-   output-file, output-dir        an empty word begins every word: the recogniser calls it ambiguous
+//     no-not    notify, negated                notify is a switch: what follows "no-" is looked for as well
+//     n-notify  notify, negated                "no" may be shortened, too
 #ifndef VORN_RECOGNISERS_NAME_SEARCH_H
 #define VORN_RECOGNISERS_NAME_SEARCH_H
 

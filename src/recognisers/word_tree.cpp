@@ -1,3 +1,13 @@
+// How a tree is made and searched, both without recursion: a name may have 80,000 words.
+//
+// Making: the names are sorted by their first word; each different word becomes a child of the root, with its names in
+// one piece. The names that end there go to the front of the piece. Those that go on read their next word, and their
+// piece is what the next level is made of. After out-dir, out-file and verbose have been sorted at the root:
+//
+//     names    dir  file | (verbose has ended)
+//     nodes    root, out (whose names are 0 and 1), verbose (whose name is 2)
+//
+// Searching: a list of the nodes that match so far, to whose end their matching children are added, word by word.
 #include "recognisers/word_tree.h"
 
 #include <algorithm>

@@ -1,4 +1,14 @@
-// Names by their words.
+// Names by their words, for a parser that is asked for many shortened names.
+//
+// NameSearch makes trees when comparing every name costs more. The names out-dir, out-file, output-file and verbose, and
+// the nodes on the way of "o-f":
+//
+//     root +-- out    +-- dir
+//          |          +-- file    <-- "o" and "f" begin "out" and "file": two words shortened
+//          +-- output --- file    <-- likewise
+//          +-- verbose
+//
+// All words of one parent stand in order, so those that begin with the typed word stand side by side.
 #ifndef VORN_RECOGNISERS_WORD_TREE_H
 #define VORN_RECOGNISERS_WORD_TREE_H
 

@@ -72,7 +72,7 @@ void ParseResult::recordDefault(const OptionDescription& option) {
         share(list, contents.add(), option.nameListId());
     }
     Contents* shared = contentsSharedBy(list);
-    const char* text = garbage.init(option.toString(option.keeper(), option.defaultValue()));
+    const char* text = garbage.init(option.toString(option.garbage(), option.defaultValue()));
     const auto setDefault = [&](Contents& target) {
         target.defaultVariant = option.defaultValue();
         target.defaultText = text;

@@ -1,14 +1,14 @@
-// How a text comes to a keeper: copied (init, keep), or as it is (adopt).
+// How a text comes into the garbage: copied (init, keep), or as it is (adopt).
 //
-//     keeper.keep("abc")     a copy, since there is none yet
-//     keeper.keep("abc")     the pointer of that copy
-//     keeper.keep("")        the same pointer in all keepers, and no memory
+//     garbage.keep("abc")     a copy, since there is none yet
+//     garbage.keep("abc")     the pointer of that copy
+//     garbage.keep("")        the same pointer for every parser and result, and no memory
 #include "text/garbage.h"
 
 namespace vorn_3_1::internal {
 
 namespace {
-constexpr std::string_view empty = "";  // one pointer for all keepers
+constexpr std::string_view empty = "";  // one pointer for all
 }
 
 const char* Garbage::init(const char* text) { return keep(text == nullptr ? "" : text).data(); }

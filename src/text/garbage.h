@@ -1,12 +1,12 @@
-// The keeper of every text whose character pointer the library hands out.
+// The garbage: where every text is kept whose character pointer the library hands out.
 //
 // Hosts get plain character pointers: in events, as errors, as the help, as values. Whoever hands a text out keeps it
 // first. This is how getErrorDesc does it:
 //
 //     return garbage.init(lastError.c_str());     good until the parser is destroyed
 //
-// Every parser has a keeper, and every result. A keeper gives nothing back before it goes itself. A text that it has
-// already is not kept again, so a host may ask for the same text any number of times.
+// Every parser has one, and every result. It gives nothing back before it goes itself: that is what its name says. A
+// text that is in it already is not kept again, so a host may ask for the same text any number of times.
 #ifndef VORN_TEXT_GARBAGE_H
 #define VORN_TEXT_GARBAGE_H
 
@@ -17,7 +17,7 @@
 
 namespace vorn_3_1::internal {
 
-/// A set of texts. Pointers to them stay valid as long as the keeper; equal texts are one pointer.
+/// A set of texts. Pointers to them stay valid as long as the garbage; equal texts are one pointer.
 class Garbage {
 public:
     Garbage() = default;
@@ -30,7 +30,7 @@ public:
     /// The same for a text that may hold NUL characters.
     std::string_view keep(std::string_view text);
 
-    /// The same for a text that is followed by a NUL and lives as long as the keeper: it is not copied.
+    /// The same for a text that is followed by a NUL and lives as long as the garbage: it is not copied.
     std::string_view adopt(std::string_view text);
 
 private:

@@ -1,4 +1,4 @@
-// Memory for many texts that live and die together: the registry's, a keeper's, a result's.
+// Memory for many texts that live and die together: the registry's, the garbage's, a result's.
 //
 //     TextArena texts;
 //     std::string_view name = texts.copy("level");     5 characters and a NUL, good as long as the arena

@@ -1,4 +1,4 @@
-// A table of what is known by a text: what the keepers, the registry and the results look names up in.
+// A table of what is known by a text: what the garbage looks texts up in, the registry and the results names.
 //
 //     TextTable<KeptText> texts;
 //     texts.reserve(1);                    may throw

@@ -117,10 +117,16 @@ TEST_F(Arguments, negativeNumbersAreTakenWhereNumbersAreWanted) {
     const Row positional[] = {
         {{"-5", "-.5e1", "-7", "9", "3"}, "7=9 #-5 #-5 #3"},
         {{"-5x"}, "unknown option '-5x'"},
+        {{"-{", "-~"}, "'-{' names no option\n'-~' names no option"},
         {{"--", "-7"}, "#-7"},
     };
     compare(positional,
             [](host::Parser& parser) { (void)parser.addPositional<double>("number", "").atLeast(0); });
+    const Row behindOneThatMayBeLeftOut[] = {{{"-5"}, "[x] #-5"}};
+    compare(behindOneThatMayBeLeftOut, [](host::Parser& parser) {
+        (void)parser.addPositional<std::string>("text", "").defaultTo("x");
+        parser.addPositional<double>("number", "");
+    });
     const Row behindATextInFront[] = {
         {{"-5"}, "unknown option '-5'\nmissing argument: TEXT\nmissing argument: NUMBER"},
         {{"a", "-5"}, "[a] #-5"},
@@ -156,6 +162,8 @@ TEST_F(Arguments, shortOptionsAreReadLetterByLetterOnRequest) {
         {{"-vD="}, "'-D=' has no value"},
         {{"-vq=1"}, "'--quiet' takes no value"},
         {{"-vz"}, "unknown option '-z' in '-vz'"},  // all or nothing
+        {{"-v."}, "unknown option '-.' in '-v.'"},
+        {{"-v."}, "unknown option '-.' in '-v.'"},  // the only name that begins with it, but not its name
         {{"--vvq"}, "unknown option '--vvq'"},
         {{"-flag"}, "f"},  // the library finds it
         {{"-vD"}, "'--define' needs a value"},
@@ -163,7 +171,10 @@ TEST_F(Arguments, shortOptionsAreReadLetterByLetterOnRequest) {
         {{"-v7", "3"}, "v1 7=3"},
         {{"--", "-vvq"}, "[-vvq]"},
     };
-    compare(rows, [](host::Parser& parser) { takeTexts(parser.joinedShort()); });
+    compare(rows, [](host::Parser& parser) {
+        parser.addFlag("long", "");
+        takeTexts(parser.joinedShort());
+    });
     const Row withoutRequest[] = {
         {{"-vq"}, "unknown option '-vq'; if '-v' and '-q' are meant, write them apart"},
         {{"-vs4"}, "unknown option '-vs4'; if '-v', '-s' and '4' are meant, write them apart"},
@@ -220,6 +231,11 @@ TEST_F(Arguments, ofResponseFilesStandInThePlaceOfTheName) {
          "D=x y  v1 [a] [@file] [b]"},
         {"x", {"--define"}, {"b"}, "D=x [b]"},
         {"-D", {}, {"x", "b"}, "D=x [b]"},
+        {"5x",
+         {"-s"},
+         {},
+         "FILE:1: '5x' is not a whole number, which '--shift' takes"},  // not where -s stands
+        {"", {"-s"}, {}, "'--shift' needs a value"},
         {"", {"-D"}, {"x"}, "D=x"},
         {"--\n-v", {}, {"-v"}, "[-v] [-v]"},
         {"-v", {"--"}, {}, "[@FILE]"},
@@ -249,6 +265,14 @@ TEST_F(Arguments, ofResponseFilesStandInThePlaceOfTheName) {
         {{"@", "-D", "@"}, "D=@ [@]"},
     };
     compare(special, prepare);
+    // A pipe is read to its end, and one without an end no further than any sensible list of arguments.
+    for (const bool isEndless : {false, true}) {
+        std::FILE* pipe = popen(isEndless ? "yes" : "echo -v; echo x", "r");
+        const std::string path = "/dev/fd/" + std::to_string(fileno(pipe));
+        EXPECT_EQ(meaning({"@" + path}, prepare),
+                  isEndless ? "cannot read '" + path + "': it is larger than 64 MiB" : "v1 [x]");
+        pclose(pipe);
+    }
 }
 
 TEST_F(Arguments, switchTheLogOnInTheVeryFirstPlaceAlone) {

@@ -44,11 +44,13 @@ TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
         {{"r-a", "--why=x"}, &remove, ""},
         {{"remote", "show", "a", "b"}, &show, ""},
         {{"remote", "sh"}, &show, ""},
+        {{"--"}, nullptr, "missing command: add, remove-all, remote, append"},
         {{}, nullptr, "missing command: add, remove-all, remote, append"},
         {{"remote"}, &remote, "missing command: show"},
         {{"rem"}, &remote, "missing command: show"},  // one word alone fits better than a part of two
         {{"a"}, nullptr, "command 'a' is ambiguous: add, append"},
         {{"ddd", "--help", "--bogus"}, nullptr, "unknown command 'ddd'; did you mean 'add'?"},
+        {{"nwe"}, nullptr, "unknown command 'nwe'; did you mean 'new' or 'newer'?"},
         {{"remvoe"}, nullptr, "unknown command 'remvoe'; did you mean 'remove-all'?"},
         {{""}, nullptr, "unknown command ''"},
         {{"-"}, nullptr, "unknown command '-'"},
@@ -240,8 +242,8 @@ TEST_F(Layers, replaceThoseBelow) {
         Texts settings;
         std::vector<host::Variable> environment;
         Texts typed;
-        const char* values;  // n | list | toggle | flag | count
-        const char* origins;
+        const char* values;             // n | list | toggle | flag | count
+        const char* origins = nullptr;  // where they matter
     } rows[] = {
         {{}, {}, {}, "1 |  | 0 | 0 | 0", "the default | nowhere | the default | the default | the default"},
         {{"--n=2\n\n--list=1\n--list=2,3\n--count\n--count"},
@@ -270,32 +272,32 @@ TEST_F(Layers, replaceThoseBelow) {
          "4 | 9 | 0 | 0 | 1",
          "argument 2 | argument 1 | the default | the default | argument 3"},
         // words in variables of switches, flags and counts; what is off replaces, too
-        {{"--toggle\n--count"}, {{"TOGGLE", "no"}, {"COUNT", "0"}}, {}, "1 |  | 0 | 0 | 0", nullptr},
-        {{"--flag"}, {{"FLAG", "false"}}, {}, "1 |  | 0 | 0 | 0", nullptr},
+        {{"--toggle\n--count"}, {{"TOGGLE", "no"}, {"COUNT", "0"}}, {}, "1 |  | 0 | 0 | 0"},
+        {{"--flag"}, {{"FLAG", "false"}}, {}, "1 |  | 0 | 0 | 0"},
         {{},
          {{"FLAG", "1"}},
          {},
          "1 |  | 0 | 1 | 0",
          "the default | nowhere | the default | FLAG | the default"},
-        {{}, {{"TOGGLE", "true"}}, {"--no-toggle"}, "1 |  | 0 | 0 | 0", nullptr},
+        {{}, {{"TOGGLE", "true"}}, {"--no-toggle"}, "1 |  | 0 | 0 | 0"},
         // of an exclusive group the highest layer that has a member counts
-        {{"--toggle"}, {}, {"--flag"}, "1 |  | 0 | 1 | 0", nullptr},
-        {{"--flag"}, {{"TOGGLE", "yes"}}, {}, "1 |  | 1 | 0 | 0", nullptr},
-        {{"--flag"}, {}, {"--no-toggle"}, "1 |  | 0 | 1 | 0", nullptr},
-        {{"--flag", "--toggle"}, {}, {}, "1 |  | 1 | 0 | 0", nullptr},
-        {{"--flag\n--toggle"}, {}, {}, "'--toggle' and '--flag' exclude each other", nullptr},
+        {{"--toggle"}, {}, {"--flag"}, "1 |  | 0 | 1 | 0"},
+        {{"--flag"}, {{"TOGGLE", "yes"}}, {}, "1 |  | 1 | 0 | 0"},
+        {{"--flag"}, {}, {"--no-toggle"}, "1 |  | 0 | 1 | 0"},
+        {{"--flag", "--toggle"}, {}, {}, "1 |  | 1 | 0 | 0"},
+        {{"--flag\n--toggle"}, {}, {}, "'--toggle' and '--flag' exclude each other"},
         // mistakes
-        {{},
-         {{"TOGGLE", "maybe"}},
-         {},
-         "TOGGLE: 'maybe' is neither yes nor no, which '--toggle' takes",
-         nullptr},
+        {{}, {{"TOGGLE", "maybe"}}, {}, "TOGGLE: 'maybe' is neither yes nor no, which '--toggle' takes"},
         {{},
          {{"COUNT", "-1"}},
          {},
-         "COUNT: '-1' is not a whole number from 0 to 1000, which '--count' takes",
-         nullptr},
-        {{}, {{"LIST", "1,,2"}}, {"--list=1"}, "LIST: '1,,2' has an empty item", nullptr},
+         "COUNT: '-1' is not a whole number from 0 to 1000, which '--count' takes"},
+        {{},
+         {{"COUNT", "1001"}},
+         {},
+         "COUNT: '1001' is not a whole number from 0 to 1000, which '--count' takes"},
+        {{}, {{"COUNT", "x"}}, {}, "COUNT: 'x' is not a whole number from 0 to 1000, which '--count' takes"},
+        {{}, {{"LIST", "1,,2"}}, {"--list=1"}, "LIST: '1,,2' has an empty item"},
         {{"\n\n\n\n\n\n\n\n\n\n\n--cuont"},
          {},
          {},
@@ -317,8 +319,7 @@ TEST_F(Layers, replaceThoseBelow) {
          {},
          "a.conf:1: 'word' is no option, and settings hold nothing else\na.conf:2: '--help' belongs on the "
          "command "
-         "line\na.conf:3: '--' is no option, and settings hold nothing else\na.conf:4: '-n' needs a value",
-         nullptr},
+         "line\na.conf:3: '--' is no option, and settings hold nothing else\na.conf:4: '-n' needs a value"},
     };
     for (const auto& row : rows) {
         const std::string about = joined(row.settings) + " / " + joined(row.typed);
@@ -339,6 +340,13 @@ TEST(Settings, ofFilesMayBeMissingWhereThatIsAllowed) {
     parser.settings("/no/such/file", host::Missing::allowed).settings(file.path);
     EXPECT_EQ(parser.parse({}).result()[n], 5);
     EXPECT_EQ(parser.parse({}).result().origin(n).text(), file.path + ":1");
+    EXPECT_TRUE(parser.settings("/dev/null/file", host::Missing::allowed).parse({}));
+    EXPECT_EQ(thrownBy<std::invalid_argument>([&] { parser.settings(std::string(1, '\0'), "x"); }),
+              "vorn: settings hold a NUL character");
+    const std::string tooLong(5000, 'x');
+    host::Parser other("other");
+    other.settings(tooLong, host::Missing::allowed);
+    EXPECT_NE(said(other.parse({})).find(": File name too long"), std::string::npos);
     parser.settings("/no/such").settings("/dev/zero").settings("/", host::Missing::allowed);
     EXPECT_EQ(said(parser.parse({})),
               "cannot read '/no/such': No such file or directory\n"
@@ -351,15 +359,38 @@ TEST(Settings, ofACommandGoBeforeThoseOfTheOuterParser) {
     const auto list = parser.add<int>("list", "").list(',').global().environment("LIST").key();
     host::Parser& command = parser.command("do", "");
     const auto own = command.add<int>("own", "").environment("OWN").key();
-    parser.settings("--list=1", "outer");
+    parser.settings("--list=1", "outer").settings("--list=4", "another");
     command.settings("--list=2\n--own=3", "inner");
     const host::Outcome outcome = parser.parse({"do"});
-    EXPECT_EQ(outcome.result()[list], std::vector<int>{2});
+    EXPECT_EQ(outcome.result()[list], std::vector<int>{2});  // also before later ones of the outer parser
     EXPECT_EQ(outcome.result()[own], 3);
     EXPECT_EQ(parser.parse({"do"}, {{"OWN", "4"}}).result()[own], 4);
     EXPECT_EQ(parser.parse({"do"}, {{"LIST", "4"}}).result()[list], std::vector<int>{4});
     EXPECT_EQ(said(parser.parse({"do"}, {{"OWN", "x"}})),
               "OWN: 'x' is not a whole number, which '--own' takes");
+}
+
+TEST(Settings, ofACommandAreReplacedByTheEnvironmentOfTheOuterParser) {
+    host::Parser parser("tool");
+    const auto flag = parser.addFlag("flag", "").global().environment("FLAG").key();
+    const auto count = parser.addCount("count", "").global().environment("COUNT").key();
+    const auto toggle = parser.addSwitch("toggle", "").global().environment("TOGGLE").key();
+    const auto mode = parser.add<int>("mode", "").global().implicit(3).environment("MODE").key();
+    host::Parser& command = parser.command("do", "");
+    command.settings("--flag\n--count\n--toggle\n--mode\n--mode=2", "inner");
+    const host::Outcome plain = parser.parse({"do"});
+    EXPECT_TRUE(plain.result()[flag] && plain.result()[toggle]);
+    EXPECT_EQ(plain.result()[count], 1);
+    EXPECT_EQ(plain.result()[mode], 2);
+    const host::Outcome outcome =
+        parser.parse({"do"}, {{"FLAG", "no"}, {"COUNT", "5"}, {"TOGGLE", "no"}, {"MODE", "7"}});
+    EXPECT_EQ(said(outcome), "");
+    EXPECT_FALSE(outcome.result()[flag] || outcome.result()[toggle]);
+    EXPECT_EQ(outcome.result()[count], 5);
+    EXPECT_EQ(outcome.result()[mode], 7);
+    command.settings("--mode=x", "wrong");  // what is replaced has to be right all the same
+    EXPECT_EQ(said(parser.parse({"do"}, {{"MODE", "7"}})),
+              "wrong:1: 'x' is not a whole number, which '--mode' takes");
 }
 
 /// What is typed, read or set for a tool, as a seed says it: some of it is known, and some of it right.
@@ -430,6 +461,56 @@ TEST(Effective, namesTheOriginOfEachLine) {
               "# argument 2\n--text=c\n"
               "# the default\n--no-toggle\n");
     EXPECT_EQ(parser.effective(host::Result()), "");
+}
+
+TEST(Effective, readsBackWhereDefaultsMeetRules) {
+    host::Parser parser("tool");
+    const auto a = parser.add<int>("a", "").defaultTo(1).key();
+    const auto b = parser.addFlag("b", "").key();
+    const auto items = parser.add<int>("item", "").repeated().key();
+    parser.exclusive({a, b});
+    parser.settings("--item=1\n\n--item=2\n", "f");
+    const host::Outcome outcome = parser.parse({"--b"});
+    const std::string text = parser.effective(outcome.result());
+    EXPECT_EQ(text, "# the default\n# --a=1\n# argument 1\n--b\n# f:1\n--item=1\n# f:3\n--item=2\n");
+    parser.settings(text, "again");
+    const host::Outcome again = parser.parse({});
+    ASSERT_EQ(said(again), "");
+    EXPECT_EQ(again.result()[a], 1);
+    EXPECT_EQ(again.result()[items], (std::vector<int>{1, 2}));
+}
+
+TEST(Effective, leavesOutWhatIsNotInForceOrNobodyCouldSet) {
+    enum class Mode { fast, safe };
+    host::Parser parser("tool");
+    (void)parser.add<Mode>("mode", "")
+        .named({{"fast", Mode::fast}, {"safe", Mode::safe}})
+        .defaultTo(Mode::safe);
+    (void)parser.add<std::string>("empty", "").defaultTo("");
+    parser.add<std::string>("return", "");
+    (void)parser.add<int>("none", "").list(',').defaultTo(std::initializer_list<int>{});
+    (void)parser.add<int>("old", "").defaultTo(1).deprecated("");
+    const auto toggle = parser.addSwitch("toggle", "");
+    const auto flag = parser.addFlag("flag", "");
+    (void)parser.add<int>("needy", "").defaultTo(2).needs(flag.key());
+    parser.addFlag("typed", "").onlyOnCommandLine();
+    parser.exclusive({toggle.key(), flag.key()});
+    parser.settings("--toggle", "low");
+    host::Parser& command = parser.command("do", "");
+    command.addFlag("inner", "");
+    host::Parser& other = parser.command("other", "");
+    (void)other.addPositional<int>("n", "").defaultTo(1);
+    const host::Outcome outcome = parser.parse({"--flag", "--typed", "--return=x\r", "do"});
+    EXPECT_EQ(parser.effective(outcome.result()),
+              "# the default\n--mode=safe\n# the default\n# --empty has a value that no settings can hold\n"
+              "# argument 3\n# --return has a value that no settings can hold\n"
+              "# the default\n# --old=1\n# the default\n# --no-toggle\n# argument 1\n--flag\n"
+              "# the default\n# --needy=2\n");
+    EXPECT_EQ(command.effective(outcome.result()), "");
+    EXPECT_EQ(other.effective(outcome.result()), "");  // it was not chosen
+    EXPECT_EQ(other.effective(parser.parse({"other", "5"}).result()), "");
+    parser.settings("--typed", "more");
+    EXPECT_EQ(said(parser.parse({"do"})), "more:1: '--typed' belongs on the command line");
 }
 
 }  // namespace

@@ -1,14 +1,9 @@
 // What a tool answers to a shell's script, in the words of its answers: a line with the kind and what stands in front of a
 // path, then one for each candidate. What the shells make of it is tested with the shells themselves.
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
-
-#include "vorn/host.h"
-
-namespace host = vorn::host;
+#include "host/fixture.h"
 
 namespace {
 
@@ -33,29 +28,34 @@ struct Printed {
 /// Runs parseOrExit in a process of its own.
 Printed print(host::Parser& parser, std::vector<const char*> arguments) {
     arguments.insert(arguments.begin(), "tool");
-    std::FILE* output = std::tmpfile();
+    const TemporaryFile output("");
     std::fflush(stdout);  // or the child would write it, too
     const pid_t child = fork();
     if (child == 0) {
-        dup2(fileno(output), STDOUT_FILENO);
-        dup2(fileno(output), STDERR_FILENO);
+        const bool isOpen = std::freopen(output.path.c_str(), "w", stdout) != nullptr;
+        if (!isOpen || dup2(STDOUT_FILENO, STDERR_FILENO) < 0) _exit(99);
         const host::Result result = parser.parseOrExit(static_cast<int>(arguments.size()), arguments.data());
-        _exit(3);
+        std::exit(3);
     }
     int status = 0;
     waitpid(child, &status, 0);
-    std::rewind(output);
-    std::string text;
-    for (int character = std::getc(output); character != EOF; character = std::getc(output))
-        text += static_cast<char>(character);
-    std::fclose(output);
-    return {text, WEXITSTATUS(status)};
+    return {contentOf(output.path), WEXITSTATUS(status)};
 }
 
 struct Case {
     std::vector<const char*> words;
     const char* answer;
 };
+
+template <std::size_t count>
+void expectAnswers(host::Parser& parser, const Case (&cases)[count]) {
+    for (const Case& each : cases) {
+        std::vector<const char*> arguments = {"--completion", "answer", "fish"};
+        arguments.insert(arguments.end(), each.words.begin(), each.words.end());
+        EXPECT_EQ(print(parser, arguments).text, each.answer)
+            << each.words.front() << "..." << each.words.back();
+    }
+}
 
 }  // namespace
 
@@ -82,12 +82,94 @@ TEST(Completion, answersWhatFits) {
         {{"-s", "--"}, "words\t\n"},  // a value is wanted, and it may not look like this
         {{"one", "mo"}, "words\t\n.\tmore\t\n.\tmoor\t\n.\tmost\t\n"},
         {{"--size=x", "--unknown", "o"}, "words\t\n.\tone\t\n"},
+        {{"--", "o"}, "words\t\n.\tone\t\n"},
+        {{"--", "--s"}, "words\t\n"},
+        {{"-"},
+         "words\t\n=\t--size=\tHow\n=\t--sure=\tWhether.\n=\t--place=\tWhere.\n"
+         ".\t--help\tShow this help and exit.\n.\t--version\tShow the version and exit.\n"},
     };
-    for (const Case& each : cases) {
-        std::vector<const char*> arguments = {"--completion", "answer", "fish"};
-        arguments.insert(arguments.end(), each.words.begin(), each.words.end());
-        EXPECT_EQ(print(parser, arguments).text, each.answer) << each.words.front();
-    }
+    expectAnswers(parser, cases);
+}
+
+TEST(Completion, answersWithEveryKindOfName) {
+    host::Parser parser("tool");
+    parser.addSwitch("normal", "");
+    parser.addSwitch("verbose", "Say more.");
+    parser.add<int>("x", "");
+    parser.add<std::string>("colour,color", "").allow("never", "always").implicit("always");
+    parser.addFlag("copy-dir", "");
+    parser.addFlag("create-data", "");
+    parser.addFlag("copy-data", "");
+    parser.addFlag("secret", "").hidden();
+    parser.addFlag("old-way", "").deprecated("nothing");
+    parser.add<std::string>("output-dir,o", "").completes(host::Completion::folders);
+    (void)parser.add<std::string>("parts", "").completes(host::Completion::files).list(',');
+    (void)parser.add<std::string>("fields", "").allow("name", "size").list(',');
+    const Case options[] = {
+        {{"--no"}, "words\t\n.\t--normal\t\n.\t--no-normal\t\n.\t--no-verbose\tSay more.\n"},
+        {{"--no-v"}, "words\t\n.\t--no-verbose\tSay more.\n"},
+        {{"-x"}, "words\t\n.\t-x\t\n"},  // the value comes in the next word
+        {{"--colo"}, "words\t\n.\t--colour\t\n=\t--colour=\t\n"},
+        {{"--color=n"}, "words\t\n.\t--color=never\t\n"},
+        {{"--normal=n"}, "words\t\n"},
+        {{"--sec"}, "words\t\n.\t--secret\t\n"},  // nothing else fits
+        {{"--old"}, "words\t\n"},
+        {{"---"}, "words\t\n"},
+        // What they have in common says less than what is typed, or as much.
+        {{"--c-d"}, "list\t\n.\t--copy-dir\t\n.\t--create-data\t\n.\t--copy-data\t\n"},
+        {{"--co-d"}, "words\t\n.\t--copy-dir\t\n.\t--copy-data\t\n"},
+        {{"-copy"}, "words\t\n.\t--copy-dir\t\n.\t--copy-data\t\n"},
+        {{"--o-d=su"}, "folders\t--o-d=\n"},
+        {{"-o", "su"}, "folders\t\n"},
+        {{"--parts=a,b"}, "files\t--parts=a,\n"},
+        {{"--fields=name,s"}, "words\t\n.\t--fields=name,size\t\n"},
+        {{"--fields=x"}, "words\t\n"},
+    };
+    expectAnswers(parser, options);
+
+    host::Parser hiding("tool");
+    hiding.addFlag("help", "").hidden();
+    hiding.addFlag("help-all", "").hidden();
+    const Case nothing[] = {{{"--"}, "words\t\n"}, {{""}, "words\t\n"}};
+    expectAnswers(hiding, nothing);
+    // What they have in common fits a third one, too.
+    hiding.addSwitch("copies-dir", "");
+    hiding.addFlag("copied-data", "");
+    hiding.addFlag("copier-x", "");
+    const Case more[] = {
+        {{"--"}, "words\t\n.\t--copies-dir\t\n.\t--copied-data\t\n.\t--copier-x\t\n"},
+        {{"--c-d"}, "list\t\n.\t--copies-dir\t\n.\t--copied-data\t\n"},
+    };
+    expectAnswers(hiding, more);
+}
+
+TEST(Completion, answersWithCommandsAndWhatTheyTake) {
+    host::Parser parser("tool");
+    parser.add<std::string>("store", "").allow("near", "far").global();
+    parser.addFlag("own", "");
+    parser.command("copy-data", "Copies\ndata.");
+    parser.command("copy-dir", "");
+    host::Parser& remove = parser.command("remove,remote,rm", "");
+    remove.addPositional<std::string>("id", "").allow("one", "two");
+    (void)remove.addPositional<std::string>("more", "").allow("three").optional();
+    (void)remove.addPositional<std::string>("last", "").allow("four");
+    parser.command("run", "").rest("what", "").allow("now");
+    const Case cases[] = {
+        {{""}, "words\t\n.\tcopy-data\tCopies\n.\tcopy-dir\t\n.\tremove\t\n.\trun\t\n"},
+        {{"rem"}, "words\t\n.\tremove\t\n"},  // two names of one command
+        {{"c-d"}, "words\t\n.\tcopy-data\tCopies\n.\tcopy-dir\t\n"},
+        {{"="}, "words\t\n"},
+        {{"x"}, "words\t\n"},
+        {{"nothing", "--s"}, "words\t\n"},
+        {{"--store", "far", "rm", "o"}, "words\t\n.\tone\t\n"},
+        {{"rm", "--st"}, "words\t\n=\t--store=\t\n"},
+        {{"rm", "--own"}, "words\t\n"},
+        {{"rm", "one", ""}, "words\t\n.\tthree\t\n.\tfour\t\n"},  // the one in the middle may be left out
+        {{"run", "--st"}, "words\t\n=\t--store=\t\n"},
+        {{"run", "x", "--st"}, "words\t\n"},  // all of it belongs to the rest
+        {{"run", "x", "n"}, "words\t\n.\tnow\t\n"},
+    };
+    expectAnswers(parser, cases);
 }
 
 TEST(Completion, showsAFunctionWhatStandsInFront) {
@@ -115,6 +197,7 @@ TEST(Completion, showsAFunctionWhatStandsInFront) {
 TEST(Completion, cutsALineAsBashDoes) {
     host::Parser parser("tool");
     parser.add<std::string>("name", "").allow("a b", "a'b", "a\"$b", "~a", "plain");
+    parser.addFlag("out-x:y", "");
     const char breaks[] = " \t\n\"'><=;|&(:";
     const struct {
         const char* line;
@@ -128,6 +211,13 @@ TEST(Completion, cutsALineAsBashDoes) {
         {"tool '--name' \"p\"l", "plain\n"},
         {"tool  --name\tpl", "plain\n"},
         {"/usr/bin/my\\ tool --nam", "--name=\n"},
+        {"tool --name\npl", "plain\n"},
+        {"tool --name pl\\", "plain\n"},
+        {"tool --name \"a\\\"", "a\\\"\\$b\n"},
+        {"tool --name \"a\\b", ""},
+        {"tool --name \"a\\", ""},
+        {"tool --o-x:", ""},  // what the shell keeps is no beginning of the full name
+        {"tool --out-x:", "y\n"},
     };
     for (const auto& each : cases) {
         const std::string answer = print(parser, {"--completion", "answer", "bash", each.line, breaks}).text;
@@ -138,16 +228,36 @@ TEST(Completion, cutsALineAsBashDoes) {
     }
 }
 
+TEST(Completion, leavesToBashWhatStandsInFrontOfAPath) {
+    host::Parser parser("tool");
+    (void)parser.add<std::string>("parts", "").completes(host::Completion::files).list(',');
+    const struct {
+        const char* breaks;
+        const char* answer;
+    } cases[] = {{" =", "files\na,\nb\n"}, {" ", "files\n--parts=a,\nb\n"}, {" =,", "files\n\nb\n"}};
+    for (const auto& each : cases)
+        EXPECT_EQ(print(parser, {"--completion", "answer", "bash", "tool --parts=a,b", each.breaks}).text,
+                  each.answer);
+}
+
 TEST(Completion, isAskedForInFullAndFirstOnly) {
     host::Parser parser("my-tool");
     parser.add<int>("complete-all", "");
     EXPECT_EQ(print(parser, {"--completion", "zsh"}).text.substr(0, 16), "#compdef my-tool");
+    EXPECT_EQ(print(parser, {"--completion=bash"}).text.substr(0, 34), "# Completion of my-tool for bash: ");
     EXPECT_EQ(print(parser, {"--completion=zsh"}).text.substr(0, 16), "#compdef my-tool");
     EXPECT_EQ(print(parser, {"--completion"}).text,
               "my-tool: '--completion' takes the name of a shell: bash, zsh or fish\n");
     EXPECT_EQ(print(parser, {"--completion", "csh"}).code, 2);
     EXPECT_EQ(print(parser, {"--comp-a", "1", "--completion", "zsh"}).code, 2);
     EXPECT_EQ(parser.parse({"--complet", "zsh"}).error().kind, host::Error::Kind::unknownOption);
+    EXPECT_EQ(print(parser, {"--completions", "zsh"}).code, 2);
+    EXPECT_EQ(print(parser, {"--completion=answer"}).code, 2);
+    for (const std::vector<const char*>& few :
+         {std::vector<const char*>{"--completion", "answer"}, {"--completion", "answer", "bash"}})
+        EXPECT_EQ(print(parser, few).text, "");  // a shell's script never asks so
+    EXPECT_EQ(print(parser, {"--completion", "answer", "bash", "tool --comp"}).text, "words\t\n");
+    EXPECT_EQ(print(parser, {}).code, 3);
 
     parser.completion("shell-words");
     EXPECT_EQ(print(parser, {"--shell-words", "fish"}).code, 0);
@@ -155,4 +265,22 @@ TEST(Completion, isAskedForInFullAndFirstOnly) {
 
     parser.addFlag("shell-words", "The tool's own.");
     EXPECT_EQ(print(parser, {"--shell-words"}).code, 3);
+    parser.completion("");
+    EXPECT_EQ(print(parser, {"--completion", "fish"}).code, 2);
+}
+
+TEST(Completion, scriptsQuoteTheNamesThatNeedIt) {
+    const struct {
+        const char* program;
+        const char* line;
+    } cases[] = {
+        {"my_tool-2.X", "complete -c my_tool-2.X -f -a '(_complete_my_tool_2_X)'\n"},
+        {"it's a\n{[tool]}:$1",
+         "complete -c 'it'\\''s a{[tool]}:$1' -f -a '(_complete_it_s_a___tool____1)'\n"},
+    };
+    for (const auto& each : cases) {
+        host::Parser parser(each.program);
+        const std::string script = print(parser, {"--completion", "fish"}).text;
+        EXPECT_EQ(script.substr(script.rfind("complete -c")), each.line);
+    }
 }

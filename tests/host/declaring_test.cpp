@@ -25,6 +25,9 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
         {"'.': a name needs a letter or a digit", [](P p) { p.addFlag(".", ""); }},
         {"'a=b': a name cannot hold '=', blanks or control characters", [](P p) { p.addFlag("a=b", ""); }},
         {"'a\\n': a name cannot hold '=', blanks or control characters", [](P p) { p.addFlag("a\n", ""); }},
+        {"'a\\x7F': a name cannot hold '=', blanks or control characters",
+         [](P p) { p.addFlag("a\x7F", ""); }},
+        {"'{~': a name needs a letter or a digit", [](P p) { p.addFlag("{~", ""); }},
         {"'a\\x00': a name cannot hold '=', blanks or control characters",
          [](P p) { p.addFlag(std::string("a\0", 2), ""); }},
         {"' a': a name cannot hold '=', blanks or control characters", [](P p) { p.addFlag("b, a", ""); }},
@@ -73,6 +76,13 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
          [](P p) {
              (void)p.add<int>("a", "").defaultTo({1, 2});
          }},
+        {"'a': its choice holds the separator of the list",
+         [](P p) { (void)p.add<std::string>("a", "").list().allow("b,c", "d"); }},
+        {"'a': its default has an empty item",
+         [](P p) {
+             (void)p.add<std::string>("a", "").list().defaultTo({"b", ""});
+         }},
+        {"'a': a choice is out of its range", [](P p) { p.add<int>("a", "").range(1, 5).allow(9); }},
         {"'a': a list needs a separator", [](P p) { (void)p.add<int>("a", "").list('\0'); }},
         {"'a': the name of a variable is not empty and holds no '='",
          [](P p) { p.add<int>("a", "").environment("A=B"); }},
@@ -93,6 +103,19 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
              const auto a = p.add<int>("a", "");
              p.exclusive({a.key(), p.addFlag("b", "").key()});
              (void)a.required();
+         }},
+        {"'a': it is required, so that it cannot exclude another one",
+         [](P p) {
+             const auto a = p.addPositional<int>("a", "");
+             const auto b = p.addPositional<int>("b", "").atLeast(0);  // these may be missing
+             const auto c = p.addPositional<int>("c", "").optional();
+             p.exclusive({b.key(), c.key(), p.addFlag("d", "").key()});
+             p.exclusive({a.key(), p.addFlag("e", "").key()});
+         }},
+        {"'a': it is required, so that it cannot exclude another one",
+         [](P p) {
+             const auto a = p.addPositional<int>("a", "").atLeast(1);
+             p.exclusive({a.key(), p.addFlag("b", "").key()});
          }},
         {"a rule for several options: the key belongs to another parser; use keys of this one",
          [](P p) {
@@ -235,7 +258,7 @@ TEST(Contradictions, leaveTheParserAsItWas) {
 TEST(Declarations, mayComeAfterAParse) {
     host::Parser parser("tool");
     host::Parser& command = parser.command("do", "");
-    const auto one = command.addFlag("one", "").synonym("uno");
+    const auto one = command.addFlag(std::string_view("one--").substr(0, 3), "").synonym("uno");
     EXPECT_TRUE(parser.parse({"do", "--uno"}));
     for (const char* name : {"first", "a-name-that-is-longer-than-a-small-string", "third", "fourth"})
         one.synonym(name);
@@ -254,7 +277,8 @@ TEST(Declarations, areNotMadeInTheMiddleOfAParse) {
     host::Parser parser("tool");
     int calls = 0;
     std::function<void()> inside = [] {};
-    parser.add<int>("n", "").check([&](int) {
+    const auto number = parser.add<int>("n", "");
+    number.check([&](int) {
         ++calls;
         inside();
         return std::string();
@@ -269,8 +293,14 @@ TEST(Declarations, areNotMadeInTheMiddleOfAParse) {
         {[&] { (void)parser.parse({"-n=2"}); }, parsing},
         {[&] { parser.addFlag("x", ""); }, declaring},
         {[&] { parser.command("x", ""); }, declaring},
+        {[&] { number.allow(1); }, declaring},
         {[&] { (void)host::Parser("other").parse({}); }, ""},  // another parser may do all it can
         {[] { throw std::logic_error("the host's own"); }, "the host's own"},
+        {[&] {
+             const char* const line[] = {"tool", "--completion", "answer", "fish", "-n", ""};
+             (void)parser.parseOrExit(6, line);
+         },
+         "vorn: the parser is parsing already; a check must not ask the same parser"},
     };
     for (const auto& row : rows) {
         inside = row.inside;
@@ -280,7 +310,7 @@ TEST(Declarations, areNotMadeInTheMiddleOfAParse) {
     }
     inside = [] { throw 5; };
     EXPECT_THROW((void)parser.parse({"-n=1"}), int);
-    EXPECT_EQ(calls, 11);
+    EXPECT_EQ(calls, 15);
     EXPECT_EQ(thrownBy<std::logic_error>([&] { (void)parser.command("c", "").parse({}); }),
               "vorn: a command is parsed by its outermost parser");
 }
@@ -320,6 +350,32 @@ TEST(BuiltIns, giveWayToWhatComesLater) {
     const auto own = parser.add<int>("help", "").key();
     EXPECT_EQ(parser.parse({"--help=3"}).result()[own], 3);
     EXPECT_EQ(said(parser.parse({"-h=3"})), "");  // the host's, shortened
+}
+
+TEST(Names, ofGlobalOptionsAreNobodyElses) {
+    const struct {
+        const char* name;
+        bool isSwitch;
+        const char* said;
+    } rows[] = {
+        {"all", false, "'all': the global option 'all' has this name"},
+        {"no-\xC3\xA4", false, "'\xC3\xA4': the global option '\xC3\xA4' has this name"},
+        {"no-all", false, ""},  // a flag has no such form
+        {"own", true, ""},
+    };
+    for (const auto& row : rows) {
+        host::Parser parser("tool");
+        parser.addFlag("all", "").global();
+        parser.addSwitch("\xC3\xA4", "").global();
+        parser.addFlag("own", "");
+        host::Parser& command = parser.command("do", "");
+        if (row.isSwitch) {
+            command.addSwitch(row.name, "");
+        } else {
+            command.addFlag(row.name, "");
+        }
+        EXPECT_EQ(thrownBy<host::RegistrationError>([&] { (void)parser.parse({"do"}); }), row.said);
+    }
 }
 
 TEST(BuiltIns, leaveNamesThatAHostHasTaken) {

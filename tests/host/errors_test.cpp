@@ -1,9 +1,14 @@
 // What the companion says of each mistake, as a sentence and as data.
 #include "host/fixture.h"
+#include "vorn/host/byte_size.h"
 
 namespace {
 
 enum class Format { text, json, jsonl };
+
+std::string repeated(const char* text, int count) {
+    return joined(Texts(static_cast<std::size_t>(count), text), "");
+}
 
 /// An image tool.
 struct Errors : testing::Test {
@@ -24,6 +29,13 @@ struct Errors : testing::Test {
         const auto verbose = parser.addCount("verbose,v", "").needs(folder.key()).key();
         parser.add<unsigned long long>("mask", "");
         parser.add<unsigned>("depth", "").minimum(2u);
+        (void)parser.add<host::ByteSize>("block", "")
+            .minimum({4})
+            .allow(host::ByteSize{8}, host::ByteSize{16})
+            .defaultTo(host::ByteSize{8});
+        parser.add<std::string>("day", "")
+            .allow("monday", "tuesday", "wednesday", "thursday", "friday", "saturday", "sunday")
+            .allow("january", "february", "march", "april", "may", "june");
         parser.addPositional<std::string>("image", "");
         parser.exclusive({quiet, verbose});
     }
@@ -53,6 +65,8 @@ TEST_F(Errors, areWordedAndHoldTheirKindAndTheOption) {
         {"-vxq", "unknown option '-vxq'", Kind::unknownOption, ""},
         {"--hlep", "unknown option '--hlep'; did you mean '--help'?", Kind::unknownOption, ""},
         {"--xyzzy", "unknown option '--xyzzy'", Kind::unknownOption, ""},  // nothing is near
+        {"--" + longText.substr(0, 65), "unknown option '--" + longText.substr(0, 65) + "'",
+         Kind::unknownOption, ""},
         {"--ver", "'--ver' is ambiguous: --verbose, --version", Kind::ambiguousOption, ""},
         {"---", "'---' names no option", Kind::unknownOption, ""},
         {"--=x", "'--' names no option", Kind::unknownOption, ""},
@@ -73,6 +87,14 @@ TEST_F(Errors, areWordedAndHoldTheirKindAndTheOption) {
         {"--shift=99999999999", "'99999999999' is too large for '--shift': at most 2147483647",
          Kind::outOfRange, "shift"},
         {"--depth=-1", "'-1' is too small for '--depth': at least 2", Kind::outOfRange, "depth"},
+        {"--mask=18446744073709551616",
+         "'18446744073709551616' is too large for '--mask': at most 18446744073709551615", Kind::outOfRange,
+         "mask"},
+        {"--block=5", "'5' is not allowed for '--block': 8, 16", Kind::notAllowed, "block"},
+        {"--day=teusday", "'teusday' is not allowed for '--day'; did you mean 'tuesday'?", Kind::notAllowed,
+         "day"},
+        {"--day=" + longText.substr(0, 65), "'" + longText.substr(0, 65) + "' is not allowed for '--day'",
+         Kind::notAllowed, "day"},
         {"--shift=13", "'13' is refused for '--shift': bad luck", Kind::refused, "shift"},
         {"--strict=y", "'y' is neither yes nor no, which '--strict' takes", Kind::invalidValue, "strict"},
         {"--format=j", "'j' is ambiguous for '--format': json, jsonl", Kind::ambiguousValue, "format"},
@@ -88,6 +110,13 @@ TEST_F(Errors, areWordedAndHoldTheirKindAndTheOption) {
         {"--shift=\t\x7f\xff\xc2\x9b\xe2\x80\xae",
          "'\\t\\x7F\\xFF\\x9B\\u202E' is not a whole number, which '--shift' takes", Kind::invalidValue,
          "shift"},
+        {"--shift=\xe2\x81\xa0\xef\xbb\xbf\xe0\x80\xaf\xf4\x90\x80\x80",  // joiner, mark, too long, too high
+         "'\\u2060\\uFEFF\\xE0\\x80\\xAF\\xF4\\x90\\x80\\x80' is not a whole number, which '--shift' takes",
+         Kind::invalidValue, "shift"},
+        {"--shift=" + std::string(200, '\x80'),
+         "'" + repeated("\\x80", 83) + "..." + repeated("\\x80", 77) +
+             "' is not a whole number, which '--shift' takes",
+         Kind::invalidValue, "shift"},
         {"--shift=" + longText,
          "'" + longText.substr(0, 80) + "..." + longText.substr(0, 80) +
              "' is not a whole number, which '--shift' takes",
@@ -124,6 +153,20 @@ TEST_F(Errors, ofSeveralArgumentsAreAllThereWhatIsMissingLast) {
         EXPECT_EQ(said(parser.parse(row.typed)), row.text) << joined(row.typed);
 }
 
+TEST_F(Errors, areNotHelpedWithWhereThereAreMany) {
+    Texts typed(20, "--outptu=x");
+    typed.insert(typed.end(), {"-lw", "--outptu=x", "-o=x", "a"});
+    const host::Outcome outcome = parser.parse(typed);
+    ASSERT_EQ(outcome.errors().size(), 22u);
+    EXPECT_EQ(outcome.errors()[19].text(), "unknown option '--outptu'; did you mean '--output-dir'?");
+    EXPECT_EQ(outcome.errors()[20].text(), "unknown option '-lw'");
+    EXPECT_EQ(outcome.errors()[21].text(), "unknown option '--outptu'");
+    host::Parser many("tool");
+    for (int i = 0; i < 13; ++i)
+        many.command("command-" + std::to_string(i), "");
+    EXPECT_EQ(said(many.parse({})), "missing command");
+}
+
 TEST_F(Errors, holdWhatAHostNeedsToWordThemItself) {
     const host::Outcome outcome =
         parser.parse({"--size=1,b", "--ver", "--quality=101", "--shift=13", "--format=jsno", "-o=x", "a"});
@@ -146,6 +189,8 @@ TEST(Suggestions, areTheNearestAndNeverFarFetched) {
     for (const char* name :
          {"input-file", "input-format", "input-filter", "input-field", "output", "frobnicate", "ab"})
         parser.addFlag(name, "");
+    for (const char* name : {"home-dir", "work-dir", "dry-run", "log-level", "log-file"})
+        parser.addFlag(name, "");
     parser.addFlag("secret", "").hidden();
     parser.addFlag("older", "").deprecated("use --output");
     const struct {
@@ -159,6 +204,9 @@ TEST(Suggestions, areTheNearestAndNeverFarFetched) {
         {"--frobincat", {"frobnicate"}},
         {"--secert", {}},
         {"--oldre", {}},
+        {"--dir", {"home-dir", "work-dir"}},
+        {"--ho-me-dir", {"home-dir"}},
+        {"--l-x", {}},
         {"--x", {}},
         {"--ba", {}},
         {"--zzzzzzzz", {}},
@@ -180,6 +228,13 @@ TEST(Origins, areShownInFrontUnlessItIsTheCommandLine) {
     EXPECT_EQ(outcome.errors()[0].origin.line, 3);
     EXPECT_EQ(outcome.errors()[3].origin.text(), "argument 3");
     EXPECT_EQ(host::Origin().text(), "nowhere");
+    host::Parser odd("tool");
+    odd.settings("\n--define=x\n", "");  // has a place all the same
+    odd.addPositional<int>("p", "").metavar("A\033B");
+    odd.add<std::string>("m", "").maximum("\033[31mx");
+    EXPECT_EQ(said(odd.parse({"x", "--m=zz"})),
+              "settings:2: unknown option '--define'\n'x' is not a whole number, which 'A\\x1BB' takes\n"
+              "'zz' is too large for '-m': at most \\x1B[31mx");
 }
 
 }  // namespace

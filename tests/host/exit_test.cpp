@@ -10,7 +10,7 @@ namespace {
 /// A tool of a user.
 int runTool(const Texts& typed) {
     host::Parser parser("too\x1bl", "Does it.");
-    parser.version("1.4.0");
+    parser.version("1.4.0").epilogue(std::string(10000, 'x'));  // more than a stream holds back
     parser.add<std::string>("old", "").deprecated("use --new");
     parser.add<std::string>("new", "").environment("VORN_TEST_NEW");
     host::Parser& run = parser.command("run", "Runs.");
@@ -31,8 +31,21 @@ int runTool(const Texts& typed) {
     return 7;
 }
 
+/// One that has a help of its own.
+int runUnhelpfulTool(const Texts& typed) {
+    host::Parser parser("tool");
+    parser.addFlag("help", "").global();
+    (void)parser.command("do", "Does.").add<bool>("old", "").deprecated("");
+    std::vector<const char*> argv = {"tool"};
+    for (const std::string& text : typed)
+        argv.push_back(text.c_str());
+    (void)parser.parseOrExit(static_cast<int>(argv.size()), argv.data());
+    return 7;
+}
+
 /// "code|output|errors" of a process of its own. A signal's number is negative.
-std::string ended(const Texts& typed, const char* output = nullptr, bool ignoresPipe = false) {
+std::string ended(const Texts& typed, const char* output = nullptr, bool ignoresPipe = false,
+                  int (*tool)(const Texts&) = runTool) {
     const TemporaryFile outputFile("");
     const TemporaryFile errorFile("");
     const std::string target = output != nullptr ? output : outputFile.path;
@@ -50,22 +63,14 @@ std::string ended(const Texts& typed, const char* output = nullptr, bool ignores
             _exit(98);
         }
         if (std::freopen(errorFile.path.c_str(), "w", stderr) == nullptr) _exit(97);
-        std::exit(runTool(typed));
+        std::exit(tool(typed));
     }
     int status = 0;
     waitpid(child, &status, 0);
-    const auto content = [](const std::string& path) {
-        std::string all;
-        std::FILE* file = std::fopen(path.c_str(), "rb");
-        for (int next = std::fgetc(file); next != EOF; next = std::fgetc(file))
-            all += static_cast<char>(next);
-        std::fclose(file);
-        return all;
-    };
     const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-    std::string written = content(outputFile.path);
+    std::string written = contentOf(outputFile.path);
     if (written.compare(0, 6, "Usage:") == 0) written = written.substr(0, written.find('\n'));
-    return std::to_string(code) + "|" + written + "|" + content(errorFile.path);
+    return std::to_string(code) + "|" + written + "|" + contentOf(errorFile.path);
 }
 
 TEST(Exit, tellsHowItWent) {
@@ -108,9 +113,43 @@ TEST(Exit, tellsHowItWent) {
                            {"run", "-h"}, {"help"}, {"help", "do"}};
     for (const Texts& typed : helps)
         EXPECT_EQ(ended(typed).substr(0, help.size()), help) << joined(typed);
+    const auto unhelpful = [](const Texts& typed) { return ended(typed, nullptr, false, runUnhelpfulTool); };
+    EXPECT_EQ(unhelpful({"--help", "do", "--old=1", "--old=0"}), "7||tool: warning: '--old' is deprecated\n");
+    EXPECT_EQ(unhelpful({"-x", "do"}), "2||tool: unknown option '-x'\n");  // nothing that could be tried
+    EXPECT_EQ(unhelpful({"do", "-x"}), "2||tool: unknown option '-x'\n");
     setenv("VORN_TEST_NEW", "from outside", 1);
     EXPECT_EQ(ended({"run"}), "7|ran with from outside|");  // reads the process's environment
     unsetenv("VORN_TEST_NEW");
+}
+
+/// A host's object that is there before main, and after all that main made.
+struct Early {
+    host::Parser parser{"early"};
+    host::Key<bool> flag = parser.addFlag("flag", "").key();
+    host::Key<int> count = parser.addCount("count", "").key();
+    host::Key<std::vector<int>> list = parser.add<int>("list", "").list(',').key();
+    host::Outcome outcome = parser.parse({});
+    bool isTried = false;
+
+    ~Early() {
+        if (!isTried) return;
+        const host::Result& first = outcome.result();
+        const bool isRight = !first[flag] && first[count] == 0 && first[list].empty() &&
+                             parser.parse({"--flag", "--list=1"}).result()[list].size() == 1 &&
+                             parser.parse({"--falg"}).error().candidates == Texts{"flag"};
+        _exit(isRight ? 5 : 6);
+    }
+} early;
+
+TEST(Exit, leavesObjectsOfTheHostUsable) {
+    const pid_t child = fork();
+    if (child == 0) {
+        early.isTried = true;
+        std::exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 5) << status;
 }
 
 TEST(Exit, saysThatOutputCannotBeWritten) {

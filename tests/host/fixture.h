@@ -44,6 +44,18 @@ std::string thrownBy(Action action) {
     return "";
 }
 
+inline std::string contentOf(const std::string& path) {
+    std::string all;
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    for (int next = file != nullptr ? std::fgetc(file) : EOF; next != EOF; next = std::fgetc(file))
+        all += static_cast<char>(next);
+    if (file != nullptr) std::fclose(file);
+    return all;
+}
+
+/// A text of several lines that is expected to be shown, from the folder of these tests.
+inline std::string page(const std::string& name) { return contentOf(VORN_TEST_PAGES "/" + name); }
+
 /// A file with a content, which lives as long as this.
 class TemporaryFile {
 public:

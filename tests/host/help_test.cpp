@@ -1,19 +1,14 @@
 // What --help shows: whole pages, and what holds for every page however wide it is.
 #include "vorn/host/help.h"
 
-#include <gtest/gtest.h>
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <string>
-#include <vector>
-
+#include "host/fixture.h"
 #include "host/large_tool.h"
-#include "vorn/host.h"
-
-namespace host = vorn::host;
+#include "vorn/host/byte_size.h"
+#include "vorn/host/path.h"
 
 namespace {
 
@@ -24,8 +19,8 @@ std::string helpOf(const host::Parser& parser, unsigned columns, bool showsAll =
     return parser.help(style);
 }
 
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
+Texts linesOf(const std::string& text) {
+    Texts lines;
     std::size_t begin = 0;
     for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', begin)) {
         lines.push_back(text.substr(begin, end - begin));
@@ -87,32 +82,7 @@ TEST(Help, showsArgumentsOptionsAndWhatTheyTake) {
     (void)parser.addPositional<std::string>("image", "Pictures to read.").atLeast(1);
     parser.exclusive({quiet, verbose});
     parser.epilogue("Examples:\n  thumbs -q 60 -o small *.jpg");
-    EXPECT_EQ(parser.help(), R"(Usage: thumbs [OPTION...] --output-dir DIR IMAGE...
-
-Makes small copies of images.
-
-Arguments:
-  IMAGE...                Pictures to read.
-
-Options:
-  -q, --quality N         How good they look. (1 to 100; default: 80;
-                          environment: THUMBS_QUALITY)
-      --format text|json  What to write. (default: text)
-      --size PIXELS,...   Widths in pixels. (can be repeated)
-      --colour[=never|auto|always]
-                          When to use colours. (alone: auto)
-  -o, --output-dir DIR    Where they go. (required)
-      --limit NUMBER      Stop after so many seconds. (at least 0.5)
-  -v, --verbose           Say what is done; twice says more. (can be repeated;
-                          not with --quiet)
-      --[no-]quiet        Say nothing. (not with --verbose)
-  -k, --[no-]keep         Never replace a file. (default: on)
-  -h, --help              Show this help and exit.
-      --version           Show the version and exit.
-
-Examples:
-  thumbs -q 60 -o small *.jpg
-)");
+    EXPECT_EQ(parser.help(), page("thumbs"));
 }
 
 TEST(Help, isShownForEachCommandWithTheGlobalOptionsAroundIt) {
@@ -122,33 +92,8 @@ TEST(Help, isShownForEachCommandWithTheGlobalOptionsAroundIt) {
     (void)add.add<std::string>("label", "Words that describe it.").list(',');
     (void)add.addPositional<std::string>("text", "What it says.");
     (void)add.addPositional<int>("copies", "How often.").optional();
-    EXPECT_EQ(parser.help(), R"(Usage: nctl [OPTION...] --store TEXT COMMAND [ARGUMENT...]
-
-Keeps notes.
-
-Options:
-      --store TEXT  Where the notes are. (required)
-  -h, --help        Show this help and exit.
-
-Commands:
-  add, new          Adds a note.
-)");
-    EXPECT_EQ(add.help(), R"(Usage: nctl --store TEXT add [OPTION...] TEXT [COPIES]
-
-Adds a note.
-It may be long.
-
-Arguments:
-  TEXT                  What it says.
-  COPIES                How often.
-
-Options:
-      --label TEXT,...  Words that describe it. (can be repeated)
-  -h, --help            Show this help and exit.
-
-Global options:
-      --store TEXT      Where the notes are. (required)
-)");
+    EXPECT_EQ(parser.help(), page("nctl"));
+    EXPECT_EQ(add.help(), page("nctl-add"));
 }
 
 TEST(Help, keepsHiddenAndDeprecatedOptionsForWhoeverAsksForAll) {
@@ -159,30 +104,8 @@ TEST(Help, keepsHiddenAndDeprecatedOptionsForWhoeverAsksForAll) {
     parser.add<std::string>("scale", "How large.").deprecated("use --size");
     parser.addFlag("trace", "").hidden();
     parser.oneOf({day, week});
-    EXPECT_EQ(parser.help(), R"(Usage: tool [OPTION...] {--day TEXT | --week TEXT}
-
-Options:
-      --size TEXT  How large.
-  -h, --help       Show this help and exit.
-      --help-all   Show the help with all options and exit.
-
-Time:
-      --day TEXT   (not with --week)
-      --week TEXT  (not with --day)
-)");
-    EXPECT_EQ(helpOf(parser, 80, true), R"(Usage: tool [OPTION...] {--day TEXT | --week TEXT}
-
-Options:
-      --size TEXT   How large.
-      --scale TEXT  How large. (deprecated: use --size)
-      --trace
-  -h, --help        Show this help and exit.
-      --help-all    Show the help with all options and exit.
-
-Time:
-      --day TEXT    (not with --week)
-      --week TEXT   (not with --day)
-)");
+    EXPECT_EQ(parser.help(), page("hidden"));
+    EXPECT_EQ(helpOf(parser, 80, true), page("hidden-all"));
 }
 
 TEST(Help, namesArgumentsInRulesAsItShowsThem) {
@@ -213,20 +136,54 @@ TEST(Help, tellsTheDefaultThatAVariableGives) {
     const auto notesWith = [&](const std::vector<host::Variable>& variables) {
         style.environment = variables;
         const host::HelpPage page = parser.page(style);
-        std::vector<std::string> last;
+        Texts last;
         for (const host::HelpEntry& entry : page.sections.front().entries) {
             if (!entry.notes.empty()) last.push_back(entry.notes.back());
         }
         return last;
     };
-    using List = std::vector<std::string>;
-    EXPECT_EQ(notesWith({}), (List{"environment: A", "environment: B", "environment: C", "environment: D"}));
+    EXPECT_EQ(notesWith({}), (Texts{"environment: A", "environment: B", "environment: C", "environment: D"}));
     EXPECT_EQ(notesWith({{"A", "th"}, {"B", "5,6"}, {"C", "1"}, {"D", "2"}}),
-              (List{"default: three, from A", "default: 5,6, from B", "default: on, from C",
-                    "default: 2, from D"}));
+              (Texts{"default: three, from A", "default: 5,6, from B", "default: on, from C",
+                     "default: 2, from D"}));
     // What would be refused is no default.
-    EXPECT_EQ(notesWith({{"A", "t"}, {"B", "5,"}, {"C", "maybe"}, {"D", "-1"}}),
-              (List{"environment: A", "environment: B", "environment: C", "environment: D"}));
+    for (const host::Variable& count : {host::Variable{"D", "-1"}, {"D", "x"}, {"D", ""}})
+        EXPECT_EQ(notesWith({{"A", "t"}, {"B", "5,"}, {"C", "maybe"}, count}),
+                  (Texts{"environment: A", "environment: B", "environment: C", "environment: D"}));
+}
+
+TEST(Help, notesWhatIsRare) {
+    enum class Mode { fast, safe };
+    host::Parser parser("tool");
+    parser.group("All of it");
+    const auto k = parser.addSwitch("k", "Short.");
+    const auto secret = parser.addFlag("secret", "").hidden();
+    const auto limit = parser.add<int>("limit", "").maximum(4);
+    const auto word = parser.add<std::string>("word", "").repeated().defaultTo({"", "a b"});
+    (void)limit.needs(word.key());
+    (void)parser.add<Mode>("mode", "")
+        .named({{"fast", Mode::fast}, {"safe", Mode::safe}})
+        .defaultTo(Mode::safe)
+        .global();
+    (void)parser.add<bool>("sure", "").deprecated("").global();
+    (void)parser.add<std::filesystem::path>("place", "").minimum("a").global();
+    (void)parser.add<host::ByteSize>("size", "").global();
+    parser.addFlag("unseen", "").hidden().global();
+    parser.oneOf({k.key(), limit.key(), secret.key()});
+    host::Parser& command = parser.command("do", "");
+    (void)command.addPositional<std::string>("in", "").atLeast(2);
+    (void)command.addPositional<std::string>("back", "Not for you.").hidden();
+    EXPECT_EQ(parser.help(), page("rare"));
+    EXPECT_EQ(helpOf(command, 50, true), page("rare-command"));
+    EXPECT_EQ(helpOf(command, 50).find("BACK  "), std::string::npos);
+    EXPECT_EQ(helpOf(command, 50).find("--unseen"), std::string::npos);
+    host::Parser quiet("tool");
+    quiet.addFlag("help", "").hidden();
+    quiet.addFlag("help-all", "").hidden();
+    quiet.addPositional<std::string>("a{b}", "");
+    (void)quiet.addPositional<std::string>("in", "What is read.");
+    EXPECT_EQ(quiet.help(), "Usage: tool A{B} IN\n\nArguments:\n  IN  What is read.\n");
+    EXPECT_EQ(helpOf(quiet, 30), "Usage: tool A{B} IN\n\nArguments:\n IN\n      What is read.\n");
 }
 
 TEST(Help, breaksWhereItsReadersDo) {
@@ -236,58 +193,13 @@ TEST(Help, breaksWhereItsReadersDo) {
         "  - indented lines stay indented\n"
         "\n"
         "图像(默认)质量,越高越好。\n"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81"
-        "e\xCC\x81\n"
-        "a\033[1m\a\xFF\tb");
-    EXPECT_EQ(helpOf(parser, 12), R"(Usage: tool
-   [OPTION..
-   .]
-
-Options:
--h, --help
-  Show this
-  help and
-  exit.
-
-long-words-a
-re-cut-where
--the-line-en
-ds
-  - indented
-  lines stay
-  indented
-
-图像(默认)质
-量,越高越
-好。
-)"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81"
-                                  "e\xCC\x81\n"
-                                  "e\xCC\x81\n"
-                                  R"(a\x1B[1m\x07
-\xFF b
-)");
+        "ééééééééééééé\n"
+        "a\033[1m\a\xFF\tb\n"
+        "soft\xC2\xADhyphen\r\none\rtwo\xE2\x80\xA8three\xE2\x80\xA9"
+        "4\n"
+        "\xF0\x9F\x87\xA9\xF0\x9F\x87\xAA\xF0\x9F\x87\xA9\xF0\x9F\x87\xAA\xF0\x9F\x91\x8D\xF0\x9F\x8F\xBD"
+        "\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96");
+    EXPECT_EQ(helpOf(parser, 12), page("narrow"));
 }
 
 TEST(Help, fitsWhateverItsLanguageAndWidth) {
@@ -363,15 +275,14 @@ TEST(Help, isDataForAHostThatShowsItInAnotherWay) {
     (void)parser.addPositional<std::string>("file", "").atLeast(2);
     const std::vector<host::OptionInfo> options = parser.options({{"SIZE", "4"}});
     ASSERT_EQ(options.size(), 3U);
-    using List = std::vector<std::string>;
     const host::OptionInfo& size = options[0];
-    EXPECT_EQ(size.names, (List{"size", "s"}));
-    EXPECT_EQ(size.forms, (List{"-s", "--size"}));
-    EXPECT_EQ(List({size.metavar, size.group, size.lowest, size.highest, size.variable}),
-              (List{"N", "Look", "1", "9", "SIZE"}));
-    EXPECT_EQ(size.defaults, List{"3"});
-    EXPECT_EQ(size.fromVariable, List{"4"});
-    EXPECT_EQ(options[1].forms, List{"FILE"});
+    EXPECT_EQ(size.names, (Texts{"size", "s"}));
+    EXPECT_EQ(size.forms, (Texts{"-s", "--size"}));
+    EXPECT_EQ(Texts({size.metavar, size.group, size.lowest, size.highest, size.variable}),
+              (Texts{"N", "Look", "1", "9", "SIZE"}));
+    EXPECT_EQ(size.defaults, Texts{"3"});
+    EXPECT_EQ(size.fromVariable, Texts{"4"});
+    EXPECT_EQ(options[1].forms, Texts{"FILE"});
     EXPECT_TRUE(options[1].isRequired && options[1].takesRest && options[1].atLeast == 2);
     EXPECT_TRUE(options[2].isBuiltIn);
 }
@@ -385,7 +296,7 @@ struct Shown {
 };
 
 /// Runs the tool in a process of its own. `columns` 0 makes its output a pipe.
-Shown runInTerminal(unsigned columns, const char* argument, const std::vector<std::string>& environment,
+Shown runInTerminal(unsigned columns, const char* argument, const Texts& environment,
                     host::Colours colours = host::Colours::automatic) {
     int output = -1;
     int ends[2] = {-1, -1};

@@ -1,33 +1,17 @@
 // The manual page: whole texts, and what formatters say of them.
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <string>
-
+#include "host/fixture.h"
 #include "host/large_tool.h"
-#include "vorn/host.h"
-
-namespace host = vorn::host;
 
 namespace {
 
 /// What a formatter's check complains of; "missing" if there is no such formatter here.
 std::string complaintsOf(const std::string& page) {
     if (std::system("command -v mandoc >/dev/null 2>&1") != 0) return "missing";
-    const std::string path = testing::TempDir() + "vorn_manual_test.1";
-    std::FILE* file = std::fopen(path.c_str(), "w");
-    if (file == nullptr) return "cannot write " + path;
-    std::fwrite(page.data(), 1, page.size(), file);
-    std::fclose(file);
-    std::string said;
-    std::FILE* lint = popen(("mandoc -T lint " + path + " 2>&1").c_str(), "r");
-    char buffer[4096];
-    for (std::size_t size = 0; (size = std::fread(buffer, 1, sizeof buffer, lint)) > 0;)
-        said.append(buffer, size);
-    pclose(lint);
-    std::remove(path.c_str());
-    return said;
+    const TemporaryFile file(page);
+    const TemporaryFile said("");
+    const int code = std::system(("mandoc -T lint " + file.path + " > " + said.path + " 2>&1").c_str());
+    const std::string complaints = contentOf(said.path);
+    return code != 0 && complaints.empty() ? "it does not run" : complaints;
 }
 
 void expectNoComplaints(const std::string& page) {
@@ -50,64 +34,53 @@ TEST(Manual, tellsAllOfATool) {
     host::Parser& add = parser.command("add,new", "Adds a note.");
     (void)add.add<std::string>("label", "Words that describe it.").allow("one", "two").list(',');
     (void)add.addPositional<std::string>("text", "What it says.").optional();
-    EXPECT_EQ(parser.manual("2026-01-02"), R"(.TH "NCTL" "1" "2026-01-02" "nctl 1.4.0"
-.SH NAME
-nctl \- Keeps notes
-.SH SYNOPSIS
-.B "nctl"
-[\fIOPTION\fR...] \fICOMMAND\fR [\fIARGUMENT\fR...]
-.SH DESCRIPTION
-Keeps notes.
-.sp
-\&.profile isn\(aqt read; C:\(rsnotes is.
-.SH OPTIONS
-The words of an option may be shortened as long as it is clear which one is
-meant.
-.TP
-.B "\fB\-s\fR, \fB\-\-store\fR \fITEXT\fR"
-Where the notes are. (default: \(ti/.notes; environment: NCTL_STORE)
-.TP
-.B "\fB\-h\fR, \fB\-\-help\fR"
-Show this help and exit.
-.TP
-.B "\fB\-\-help\-all\fR"
-Show the help with all options and exit.
-.TP
-.B "\fB\-\-version\fR"
-Show the version and exit.
-.SS "Messages"
-.TP
-.B "\fB\-\-[no\-]quiet\fR"
-Say nothing.
-.SH COMMANDS
-.SS "nctl add"
-.B "nctl add"
-[\fIOPTION\fR...] [\fITEXT\fR]
-.PP
-Adds a note.
-.TP
-.B "\fITEXT\fR"
-What it says.
-.TP
-.B "\fB\-\-label\fR \fIone\fR|\fItwo\fR,..."
-Words that describe it. (can be repeated)
-.SH ENVIRONMENT
-.TP
-.B "NCTL_STORE"
-Gives \-\-store its value where the command line does not.
-.SH FILES
-.TP
-.B "\(ti/.nctl"
-Options, one a line, that count where neither the environment nor the
-command line has them.
-.SH EXIT STATUS
-.TP
-.B "2"
-The command line is wrong.
-.SH NOTES
-Gr\[u00FC]\[u00DF]e
-)");
+    EXPECT_EQ(parser.manual("2026-01-02"), page("nctl.1"));
     expectNoComplaints(parser.manual());
+}
+
+TEST(Manual, tellsWhatIsRare) {
+    host::Parser parser("tool");
+    parser.settings("--a=1", "text").settings("one").settings("two");
+    parser.add<int>("a", "").environment("A").metavar("MY_N");
+    parser.add<int>("hidden", "").environment("HIDDEN").hidden();
+    parser.add<int>("old", "").environment("OLD").deprecated("");
+    parser.command("do", "").epilogue("`Later^'").addPositional<std::string>("odd", "Odd.").metavar("--");
+    const std::string page = parser.manual("2026-01-02 <now>");
+    const struct {
+        const char* text;
+        bool isThere;
+    } rows[] = {
+        {".TH \"TOOL\" \"1\" \"2026\\-01\\-02 <now>\" \"tool\"\n", true},
+        {".B \"\\fB\\-a\\fR \\fIMY_N\\fR\"\n", true},
+        {"\\fB\\-\\-\\fR", true},
+        {".PP\n\\(gaLater\\(ha\\(aq\n", true},
+        {".SH FILES\n.TP\n.B \"one\"\n", true},
+        {".TP\n.B \"two\"\n", true},
+        {".B \"text\"", false},
+        {".B \"A\"", true},
+        {"HIDDEN", false},
+        {"OLD", false},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(page.find(row.text) != std::string::npos, row.isThere) << row.text << "\n" << page;
+}
+
+TEST(Manual, isOfTheDayThatABuildIsSaidToBe) {
+    const struct {
+        const char* seconds;
+        const char* day;
+    } rows[] = {{"0", "1970-01-01"},
+                {"1767312000", "2026-01-02"},
+                {"9223372036854775807", "1970-01-01"},  // no year has so many digits
+                {"today", nullptr}};
+    for (const auto& row : rows) {
+        setenv("SOURCE_DATE_EPOCH", row.seconds, 1);
+        const std::string head = host::Parser("tool").manual().substr(0, 26);
+        unsetenv("SOURCE_DATE_EPOCH");
+        const std::string today = host::Parser("tool").manual().substr(0, 26);
+        EXPECT_EQ(head, row.day != nullptr ? ".TH \"TOOL\" \"1\" \"" + std::string(row.day) : today)
+            << row.seconds;
+    }
 }
 
 TEST(Manual, isCleanInEveryLanguage) {

@@ -22,6 +22,9 @@ TEST(Rules, forSeveralOptionsSeeWhatIsGiven) {
         {{"-a", "-n", "-d"}, ""},
         {{"-a", "--no-d", "-n"}, "'-n' needs '-d' as well"},
         {{"-a", "-d"}, ""},
+        {{"-a", "-b", "-c=3"}, "'-a' and '-b' exclude each other"},
+        {{"-a", "-m"}, "'-m' needs '-e' as well"},
+        {{"-a", "-m", "-e=x"}, "'x' is not a whole number, which '-e' takes"},
     };
     for (const auto& row : rows) {
         host::Parser parser("tool");
@@ -30,6 +33,7 @@ TEST(Rules, forSeveralOptionsSeeWhatIsGiven) {
         const auto c = parser.add<int>("c", "").defaultTo(7);
         const auto d = parser.addSwitch("d", "");
         parser.addFlag("n", "").needs(d.key());
+        parser.addFlag("m", "").needs(parser.add<int>("e", "").key());
         parser.oneOf({a.key(), b.key(), c.key()});
         EXPECT_EQ(said(parser.parse(row.typed)), row.text) << joined(row.typed);
     }

@@ -86,6 +86,9 @@ const Row numbers[] = {
     {read<double>, "-1e309", "is too small: at least -1.7976931348623157e+308"},
     {read<double>, "11e9223372036854775807", "is too large: at most 1.7976931348623157e+308"},
     {read<double>, "1e-400", "0"},
+    {read<double>, "1e-9999999999999", "0"},
+    {read<double>, "1e9999999999999", "is too large: at most 1.7976931348623157e+308"},
+    {read<double>, "", notNumber},
     {read<double>, "0e999999999", "0"},
     {read<double>, "0.1", "0.1"},
     // bool
@@ -114,7 +117,12 @@ TEST(Numbers, areReadAndShownTheSameUnderEveryLocale) {
             EXPECT_EQ(row.reader(row.text), row.meaning) << row.text << ", odd locale: " << isOdd;
         host::Parser parser("tool");
         parser.add<int>("n", "").maximum(1000000);
-        EXPECT_EQ(said(parser.parse({"-n=1000001"})), "'1000001' is too large for '-n': at most 1000000");
+        parser.add<double>("a", "").check([&](double number) {
+            if (number > 1) std::locale::global(std::locale(before, new Odd));  // in the middle of a parse
+            return std::string();
+        });
+        EXPECT_EQ(said(parser.parse({"-a=1.5", "-n=1000001", "-a=0.5"})),
+                  "'1000001' is too large for '-n': at most 1000000");
     }
     std::locale::global(before);
     std::setlocale(LC_ALL, "C");
@@ -127,6 +135,10 @@ TEST(Numbers, ofManyDigitsAreTooLargeOrAsGoodAsNothing) {
     EXPECT_EQ(read<double>("1" + zeros), "is too large: at most 1.7976931348623157e+308");
     EXPECT_EQ(read<double>("1" + zeros + "e-5"), "is too large: at most 1.7976931348623157e+308");
     EXPECT_EQ(read<double>("1" + zeros + "e-400"), "1");
+    EXPECT_EQ(read<double>("0." + zeros + "1e+2"), "0");
+    EXPECT_EQ(read<double>("-0." + zeros + "1e900"), "is too small: at least -1.7976931348623157e+308");
+    EXPECT_EQ(read<double>("1e-99999999999999999999"), "0");
+    EXPECT_EQ(read<double>("-1e99999999999999999999"), "is too small: at least -1.7976931348623157e+308");
 }
 
 TEST(TypesOfHeadersOfTheirOwn, readUnitsAndShowTheFewest) {
@@ -145,6 +157,9 @@ TEST(TypesOfHeadersOfTheirOwn, readUnitsAndShowTheFewest) {
         {read<Seconds>, "1h30m", "1h30m"},
         {read<Seconds>, "-2d", "-2d"},
         {read<Seconds>, "0", "0s"},
+        {read<Seconds>, "0s", "0s"},
+        {read<Seconds>, "0h", "0s"},
+        {read<Seconds>, "100000d100000d", "is too large: at most 106751d"},
         {read<Seconds>, "250ms", "is finer than 1s"},
         {read<Minutes>, "90s", "is finer than 1m"},
         {read<Nanoseconds>, "1s1ms1us1ns", "1s1ms1us1ns"},
@@ -185,6 +200,11 @@ TEST(TypesOfHeadersOfTheirOwn, readUnitsAndShowTheFewest) {
         EXPECT_EQ(row.reader(row.text), row.meaning) << row.text;
 }
 
+TEST(TypesOfHeadersOfTheirOwn, compareAsNumbersDo) {
+    const host::ByteSize few{1}, many{2};
+    EXPECT_TRUE(few != many && few < many && !(many < few) && !(few == many) && !(many != many));
+}
+
 /// Two numbers with a colon between.
 struct Point {
     int x = 0, y = 0;
@@ -198,6 +218,7 @@ struct vorn::host::Type<Point> {
     static std::string read(std::string_view text, Point& value) {
         if (text == "far") return "is too large: at most \x1b[1m";
         if (text == "odd") return "odd\n";
+        if (text == "near") return "is too small";
         const std::size_t colon = text.find(':');
         if (colon == std::string_view::npos) return "is not a point";
         const std::string reason = Type<int>::read(text.substr(0, colon), value.x);
@@ -216,6 +237,7 @@ TEST(TaughtTypes, mayDoWhatTheOthersDo) {
     const auto point = parser.add<Point>("point", "").allow(Point{1, 2}, Point{3, 4}).key();
     const auto points =
         parser.add<Point>("points", "").list(',').range({0, 0}, {9, 0}).defaultTo({Point{5, 6}}).key();
+    parser.add<Point>("free", "");
     const struct {
         const char* typed;
         const char* text;
@@ -225,6 +247,8 @@ TEST(TaughtTypes, mayDoWhatTheOthersDo) {
         {"--point=1", "'1' is not a point, which '--point' takes"},
         {"--point=far",
          "'far' is too large for '--point': at most \\x1B[1m"},  // nothing writes to the terminal
+        {"--points=near", "'near' is too small for '--points': at least 0:0"},
+        {"--free=near", "'near' is too small for '--free'"},
         {"--point=odd", "'odd' is no value for '--point': odd\\n"},
         {"--points=1:1,10:0", "'10:0' is too large for '--points': at most 9:0"},
     };

@@ -1,5 +1,7 @@
-// Hosts that give the library what nobody expects: no arguments at all, or a million of them, any bytes, names that no
-// one would choose, a console that is closed.
+// Hosts that give the library what nobody expects: no arguments at all, or a million of them, or huge ones, any bytes,
+// names that no one would choose, a stack of some pages, a second process in the middle, a console that is closed.
+#include <pthread.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <climits>
@@ -80,6 +82,89 @@ TEST(OddHost, givesAMillionArguments) {
         value = cli.result->next("");
     EXPECT_EQ(value.status, 1);
     EXPECT_EQ(expected, 2 * count);
+}
+
+TEST(OddHost, givesHugeArgumentsForAFewTimesTheirSize) {
+    Cli cli(unknownIsError);
+    cli.option("text,t")->tokenize('\0');
+    cli.option("list,l");
+    const std::string huge(std::size_t{16} << 20, 'x');
+    const std::size_t before = memory.live;
+    for (const std::string& argument : {"-t=" + huge, "-l=" + huge, "-" + huge, huge})
+        cli.parseInto(cli.result, {argument});
+    EXPECT_EQ(cli.values("t").size(), huge.size() + 2);
+    EXPECT_EQ(cli.values("l").size(), huge.size() + 2);
+    EXPECT_LT(memory.live - before, 8 * huge.size());  // four texts and two errors
+}
+
+TEST(OddHost, registersInTheWorstOrders) {
+    constexpr unsigned count = 4000;
+    const auto name = [](unsigned number) { return "word-" + std::to_string(100000 + number) + "-end"; };
+    for (const unsigned step : {count - 1, 1U, 1999U}) {  // descending, ascending, mixed
+        Cli cli(unknownIsError);
+        for (unsigned i = 0, number = step; i < count; ++i, number = (number + step) % count)
+            cli.option(name(number).c_str(), qel_empty);
+        for (unsigned i = 0; i < count; i += 499)
+            EXPECT_EQ(cli.parseInto(cli.result, {"-w-" + std::to_string(100000 + i) + "-", "-" + name(i)}),
+                      "0");
+        EXPECT_EQ(cli.occurrences(name(499).c_str()).size(), 2u);
+        EXPECT_EQ(cli.parse("-w-10049-").substr(0, 11), "2 Ambiguous");
+    }
+}
+
+/// Names of very many words, and parsers that handle each other's events for ever.
+void* useLittleStack(void*) {
+    Cli cli(unknownIsError);
+    Cli others[2];
+    std::string name;
+    for (unsigned i = 0; i < 20000; ++i)
+        name += "word-";
+    for (const char* end : {"last", "longer", "lasting"})
+        cli.option((name + end).c_str(), qel_empty);
+    std::string typed = "-w";
+    typed.append(20000, '-');
+    EXPECT_EQ(cli.parse(typed + "lo"), "0");
+    EXPECT_EQ(cli.parse(typed + "la").substr(0, 11), "2 Ambiguous");
+    EXPECT_EQ(cli.parse(typed + "l-").substr(0, 9), "2 Unknown");
+    cli.option("n");
+    cli.parser->addHandler(others[0].parser);
+    others[0].parser->addHandler(others[1].parser);
+    others[1].parser->addHandler(cli.parser);
+    EXPECT_EQ(cli.parse("-n=x")[0], '4');
+    EXPECT_NE(cli.parser->getDescription(), nullptr);
+    return nullptr;
+}
+
+TEST(OddHost, hasASmallStack) {
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, 128 << 10);
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attributes, useLittleStack, nullptr), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+}
+
+// Both processes end the parse, and what the one reads does not reach the other.
+TEST(OddHost, becomesTwoProcessesInTheMiddleOfAParse) {
+    struct : EventHandler {
+        bool onOptionParse(const char*) override { return child = fork(), true; }
+        pid_t child = 0;
+    } handler;
+    Cli cli;
+    cli.option("fork,f", qel_empty);
+    cli.option("n")->defaultValue("none");
+    cli.parser->addHandler(&handler);
+    EXPECT_EQ(cli.parse("-f -- a"), "0");
+    cli.parser->removeHandler(&handler);
+    const bool isChild = handler.child == 0;
+    EXPECT_EQ(cli.parse(isChild ? "-n=child" : "-n=parent"), "0");
+    const std::string read = cli.values("n") + cli.passedThrough();
+    if (isChild) _exit(read == "[child][a]" ? 0 : 1);
+    EXPECT_EQ(read, "[parent][a]");
+    int status = -1;
+    waitpid(handler.child, &status, 0);
+    EXPECT_EQ(status, 0);
 }
 
 // Texts that a parser has handed out stay; nothing else does.

@@ -7,7 +7,9 @@
 namespace vorn_3_1::public_tests {
 
 TEST(Abbreviation, wordsMayBeShortenedAsLongAsOneNameStaysBest) {
-    const Texts cases[] = {
+    const struct {
+        std::string argument, expected;
+    } cases[] = {
         {"--out-f=a", "output-file[a] "},
         {"-o-d=a=b", "output-dir[a=b] "},
         {"--out-=a",
@@ -15,13 +17,13 @@ TEST(Abbreviation, wordsMayBeShortenedAsLongAsOneNameStaysBest) {
         {"--Verb", "2 Unknown option: --Verb"},
         {"--in=a", "in[a] "},  // in full, before "include"
     };
-    for (const Texts& row : cases) {
+    for (const auto& [argument, expected] : cases) {
         const Cli cli(unknownIsError);
         const std::string names = "output-file output-dir include in";
         for (const std::string& name : wordsOf(names))
             cli.option(name.c_str());
-        const std::string outcome = cli.parse(row[0]);
-        EXPECT_EQ(outcome == "0" ? cli.stored(names) : outcome, row[1]);
+        const std::string outcome = cli.parse(argument);
+        EXPECT_EQ(outcome == "0" ? cli.stored(names) : outcome, expected);
     }
 }
 

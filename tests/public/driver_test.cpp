@@ -19,7 +19,9 @@ TEST(Driver, theLastErrorStaysUntilTheNext) {
 }
 
 TEST(Driver, aLineOfATextIsOneArgument) {
-    const Texts cases[] = {
+    const struct {
+        std::string text, arguments;
+    } cases[] = {
         {"", ""},
         {"\n\r\n \t\r\n", ""},
         {"a", "[a]"},
@@ -29,10 +31,10 @@ TEST(Driver, aLineOfATextIsOneArgument) {
         {"  ; c\n\t# c\na;b#c\n'a b' \"\\n\"", "[a;b#c]['a b' \"\\n\"]"},  // no quotes, no escapes
         {"\xE4\xFF\n", "[\xE4\xFF]"},
     };
-    for (const Texts& row : cases) {
+    for (const auto& [text, arguments] : cases) {
         const Cli cli;
-        EXPECT_EQ(cli.parseStream(("--\n" + row[0]).c_str()), "0");
-        EXPECT_EQ(cli.passedThrough(), row[1]);
+        EXPECT_EQ(cli.parseStream(("--\n" + text).c_str()), "0");
+        EXPECT_EQ(cli.passedThrough(), arguments);
     }
 }
 

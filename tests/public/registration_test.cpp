@@ -6,20 +6,22 @@ namespace vorn_3_1::public_tests {
 TEST(Registration, namesTextIsCutAtCommas) {
     // The character after a comma is never tested as a comma. The name after a trailing comma is the NUL
     // character, at which the help text ends.
-    const Texts cases[] = {{"a", "-a"},
-                           {"aa,bb", "-bb, -aa"},
-                           {"a,b,cd", "-cd, -b, -a"},
-                           {",a", "-a, -"},
-                           {"a,,,b", "-b, -,, -a"},
-                           {",,", "-,, -"},
-                           {"a,b,", "-"},
-                           {",", "-"}};
-    for (const Texts& row : cases) {
+    const struct {
+        std::string names, heading;
+    } cases[] = {{"a", "-a"},
+                 {"aa,bb", "-bb, -aa"},
+                 {"a,b,cd", "-cd, -b, -a"},
+                 {",a", "-a, -"},
+                 {"a,,,b", "-b, -,, -a"},
+                 {",,", "-,, -"},
+                 {"a,b,", "-"},
+                 {",", "-"}};
+    for (const auto& [names, heading] : cases) {
         const Cli cli;
-        cli.option(row[0].c_str(), qel_empty, "d");
-        std::string heading = row[1];
-        heading.resize(30, ' ');
-        EXPECT_EQ(cli.parser->getDescription(), row[1] == "-" ? row[1] : heading + "d\n\n") << row[0];
+        cli.option(names.c_str(), qel_empty, "d");
+        std::string column = heading;
+        column.resize(30, ' ');
+        EXPECT_EQ(cli.parser->getDescription(), heading == "-" ? heading : column + "d\n\n") << names;
     }
 }
 

@@ -119,21 +119,23 @@ TEST(Lists, aNumberEndsWithItsItem) {
 }
 
 TEST(Lists, theFirstBadItemRefusesTheWholeOccurrence) {
-    const Texts cases[] = {
+    const struct {
+        std::string items, events, reason;
+    } cases[] = {
         {"1,x,2", ":n :n=1 ", "can not parse 'x' value, requires a type 'integer' here."},
         {",1", ":n ", "can not parse '' value, requires a type 'integer' here."},
         {"1,,2", ":n :n=1 ", "can not parse ',2' value, requires a type 'integer' here."},
         {"2,", ":n :n=2 ", "can not parse '"},  // the text ends at the NUL item
     };
-    for (const Texts& row : cases) {
+    for (const auto& [items, expectedEvents, reason] : cases) {
         const Cli cli;
         cli.option("n", qel_int);
         std::string events;
         Recorder handler(events);
         cli.parser->addHandler(&handler);
         const std::string problem = "2 Value validation problem in argument '-n=%': Option 'n' ";
-        EXPECT_EQ(cli.parse("-n=" + row[0]), filled(problem, row[0]) + row[2]);
-        EXPECT_EQ(events, row[1]);
+        EXPECT_EQ(cli.parse("-n=" + items), filled(problem, items) + reason);
+        EXPECT_EQ(events, expectedEvents);
         EXPECT_FALSE(cli.result->present("n"));
     }
 }
@@ -157,7 +159,9 @@ TEST(ValueSource, isTheSameArgumentOrTheNextOrImplied) {
     const std::string looksLikeOption =
         "2 Option 'namereceived value from the next argument: '%', but it seems to be an option. Use "
         "'-option=value' declaration form or make sure that value is not missed";
-    const Texts cases[] = {
+    const struct {
+        std::string line, outcome, stored;
+    } cases[] = {
         {"-n=-x -name=a=b --name x -n= x=y -v", "0", "name[-x][a=b][x][x=y] verbose[1] "},
         {"--name", filled(missing, "--name"), ""},
         {"--name '' x", filled(missing, "--name"), ""},
@@ -170,13 +174,13 @@ TEST(ValueSource, isTheSameArgumentOrTheNextOrImplied) {
         {"-q -q=", "0", "quiet[null][null] "},
         {"-q=1", "2 Option 'quiet'does not requires a value in argument: '-q=1'", ""},
     };
-    for (const Texts& row : cases) {
+    for (const auto& [line, outcome, stored] : cases) {
         const Cli cli(unknownIsError);
         cli.option("name");
         cli.option("verbose", qel_bool);
         cli.option("quiet", qel_empty);
-        EXPECT_EQ(cli.parse(row[0]), row[1]);
-        EXPECT_EQ(cli.stored("name verbose quiet"), row[2]) << row[0];
+        EXPECT_EQ(cli.parse(line), outcome);
+        EXPECT_EQ(cli.stored("name verbose quiet"), stored) << line;
     }
 }
 

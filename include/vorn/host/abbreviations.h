@@ -23,8 +23,9 @@ struct AbbreviatedName {
     Kind kind = Kind::option;
     std::string
         command;  ///< The commands that it stands behind: "remote add"; empty for the outermost parser.
-    std::string option;  ///< Of a choice: the first name of its option or positional argument.
-    std::string name;    ///< In full, without hyphens; a switch also has its "no-" forms.
+    std::string option;         ///< Of a choice: the first name of its option or positional argument.
+    std::string name;           ///< In full, without hyphens; a switch also has its "no-" forms.
+    bool isPositional = false;  ///< Of a choice: it is typed alone, without an option.
 };
 
 /// A name and the shortest text that means it and nothing else.

@@ -1,4 +1,4 @@
-#include "heap.h"
+#include "meter.h"
 
 std::size_t bench::heapCalls = 0;
 

@@ -1,6 +1,6 @@
-// Taking time within one process.
-#ifndef BENCHMARKS_CLOCK_H
-#define BENCHMARKS_CLOCK_H
+// Taking time within one process, and counting the calls of malloc, which is where every other allocator ends.
+#ifndef BENCHMARKS_METER_H
+#define BENCHMARKS_METER_H
 
 #include <time.h>
 
@@ -9,6 +9,9 @@
 #include <vector>
 
 namespace bench {
+
+/// How often malloc, calloc and realloc have been called.
+extern std::size_t heapCalls;
 
 /// For what takes less than the other clock needs to be asked.
 inline double nanoseconds() {
