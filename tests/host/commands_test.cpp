@@ -1,5 +1,6 @@
 // Commands, nested and shortened, and the layers that options come from.
 #include "host/fixture.h"
+#include "support/any_tool.h"
 #include "vorn/host/help.h"
 
 namespace {
@@ -400,76 +401,55 @@ TEST(Settings, ofACommandAreReplacedByTheEnvironmentOfTheOuterParser) {
               "wrong:1: 'x' is not a whole number, which '--mode' takes");
 }
 
-/// Options of every kind, as a seed says it, and what of them is in force.
-class Generated {
-public:
-    explicit Generated(unsigned seed) : state(seed * 2654435761U + 1) {
-        for (unsigned i = 0; i < 1 + below(6); ++i) {
-            const std::string name = "option-" + std::to_string(i);
-            switch (below(6)) {
-                case 0:
-                    declareSwitch(name);
-                    break;
-                case 1:
-                    parser.addFlag(name, ""), line(name, {});
-                    break;
-                case 2:
-                    parser.addCount(name, ""), line(name, {}), line(name, {});
-                    break;
-                case 3:
-                    (void)parser.add<int>(name, "").list(';').defaultTo({1, -2}), line(name, {"3;4", "-5"});
-                    break;
-                case 4:
-                    (void)parser.add<double>(name, "").repeated(), line(name, {"0.1", "1e300"}),
-                        line(name, {"-7"});
-                    break;
-                default:
-                    (void)parser.add<std::string>(name, "").defaultTo(" # odd\t"),
-                        line(name, {"=", "; x ", "a\rb", "\xC3\xA4"});
-            }
-        }
-    }
-    host::Parser parser{"tool"};
-    Texts typed;
+/// What is typed, read or set for a tool, as a seed says it: some of it is known, and some of it right.
+vorn_tests::Given givenBy(unsigned seed) {
+    const char* const arguments[] = {"--output-dir=one",
+                                     "--out-f=x",
+                                     "--out",
+                                     "3",
+                                     "-v",
+                                     "-vv",
+                                     "-n=7",
+                                     "--most",
+                                     "--no-m",
+                                     "--x-y",
+                                     "1;2",
+                                     "copy",
+                                     "--deep=once",
+                                     "count-all",
+                                     "-",
+                                     "",
+                                     "--",
+                                     "-5",
+                                     "--bogus",
+                                     "-d=0.25",
+                                     "-y=90s",
+                                     "-o=4k",
+                                     "--n=",
+                                     "-x7",
+                                     "--output-file=\"a\nb \"",
+                                     "--help"};
+    const auto below = [&seed](std::size_t limit) {
+        seed = seed * 1664525U + 1013904223U;
+        return seed / 65536U % static_cast<unsigned>(limit);
+    };
+    vorn_tests::Given given;
+    given.columns = below(120);
+    for (unsigned i = below(8); i > 0; --i)
+        given.arguments.emplace_back(arguments[below(std::size(arguments))]);
+    for (unsigned i = below(4); i > 0; --i)
+        given.settings.append(arguments[below(12)]).append("\n");
+    for (unsigned i = below(4); i > 0; --i)
+        given.environment.push_back({std::string(1, static_cast<char>('A' + below(8))), i < 2 ? "yes" : "3"});
+    return given;
+}
 
-private:
-    unsigned below(unsigned limit) { return (state = state * 1664525U + 1013904223U) / 65536U % limit; }
-    void declareSwitch(const std::string& name) {
-        (void)parser.addSwitch(name, "").defaultTo(below(2) == 0);
-        line((below(2) == 0 ? "no-" : "") + name, {});
-    }
-    void line(const std::string& name, const Texts& values) {
-        if (below(3) == 0) return;
-        typed.push_back("--" + name);
-        if (!values.empty()) typed.back() += "=" + values[below(static_cast<unsigned>(values.size()))];
-    }
-    unsigned state;
-};
-
-TEST(Effective, readsBackToTheSame) {
-    for (unsigned seed = 0; seed < 1000; ++seed) {
-        Generated first(seed);
-        const host::Outcome outcome = first.parser.parse(first.typed);
-        ASSERT_EQ(said(outcome), "") << joined(first.typed);
-        const std::string text = first.parser.effective(outcome.result());
-        Generated second(seed);
-        second.parser.settings(text, "text");
-        const host::Outcome again = second.parser.parse({});
-        ASSERT_EQ(said(again), "") << text;
-        const auto withoutOrigins = [](const std::string& lines) {
-            std::string kept;
-            for (std::size_t at = 0; at < lines.size(); at = lines.find('\n', at) + 1)
-                if (lines[at] != '#') kept += lines.substr(at, lines.find('\n', at) + 1 - at);
-            return kept;
-        };
-        ASSERT_EQ(withoutOrigins(second.parser.effective(again.result())), withoutOrigins(text)) << seed;
-        for (unsigned i = 0; i < 6; ++i) {
-            try {
-                const std::string name = "option-" + std::to_string(i);
-                EXPECT_EQ(again.result().value<std::string>(name), outcome.result().value<std::string>(name));
-            } catch (const std::logic_error&) {
-            }  // of another type, or not declared
-        }
+TEST(Tools, ofAllKindsKeepTheirRules) {
+    for (unsigned seed = 0; seed < 400; ++seed) {
+        vorn_tests::AnyTool tool(seed);
+        for (unsigned i = 0; i < 5; ++i)
+            EXPECT_EQ(tool.brokenRule(givenBy(seed * 5 + i)), "")
+                << "tool " << seed << ", input " << seed * 5 + i;
     }
 }
 

@@ -145,6 +145,11 @@ TEST(TypesOfHeadersOfTheirOwn, readUnitsAndShowTheFewest) {
     using Seconds = std::chrono::seconds;
     using Minutes = std::chrono::minutes;
     using Nanoseconds = std::chrono::nanoseconds;
+    using Picoseconds = std::chrono::duration<long long, std::pico>;
+    using Thirds = std::chrono::duration<long long, std::ratio<1, 3>>;
+    using Short = std::chrono::duration<int, std::milli>;
+    using Unsigned = std::chrono::duration<unsigned char>;
+    using Fractions = std::chrono::duration<double>;
     const char* const noDuration = "is not a duration such as 90s or 1h30m";
     const char* const noSize = "is not a size such as 512, 10M or 4KiB";
     const Row rows[] = {
@@ -161,6 +166,12 @@ TEST(TypesOfHeadersOfTheirOwn, readUnitsAndShowTheFewest) {
         {read<Seconds>, "106751d", "106751d"},
         {read<Seconds>, "106752d", "is too large: at most 106751d"},
         {read<Seconds>, "99999999999999999999s", "is too large: at most 106751d"},
+        {read<Picoseconds>, "107d", "is too large: at most 106d18h2m52s36ms854us775ns"},
+        {read<Thirds>, "106751d", "106751d"},
+        {read<Short>, "30d", "is too large: at most 24d20h31m23s647ms"},
+        {read<Short>, "-30d", "is too small: at least -24d20h31m23s648ms"},
+        {read<Unsigned>, "-1s", "is too small: at least 0s"},
+        {read<Fractions>, "3ns", "3ns"},
         {read<Seconds>, "", noDuration},
         {read<Seconds>, "-", noDuration},
         {read<Seconds>, "90", noDuration},

@@ -26,6 +26,13 @@ inline void require(bool holds, const char* rule, const std::string& detail = ""
     std::abort();
 }
 
+/// Of how many inputs one is looked at in full: every one of those that are played back.
+#ifdef VORN_FUZZ
+constexpr std::size_t fullEvery = 64;
+#else
+constexpr std::size_t fullEvery = 1;
+#endif
+
 /// Every text over the alphabet up to a length, shorter ones first.
 inline Texts allTexts(const std::string& alphabet, std::size_t longest) {
     Texts texts{""};
@@ -34,6 +41,14 @@ inline Texts allTexts(const std::string& alphabet, std::size_t longest) {
             texts.push_back(texts[i] + character);
     }
     return texts;
+}
+
+/// Takes the piece up to the separator off the text.
+inline std::string cutAt(char separator, std::string& text) {
+    const std::size_t end = std::min(text.find(separator), text.size());
+    const std::string piece = text.substr(0, end);
+    text.erase(0, end + 1);
+    return piece;
 }
 
 inline Texts split(const std::string& text, char separator) {
