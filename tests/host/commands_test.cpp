@@ -309,8 +309,7 @@ TEST_F(Layers, replaceThoseBelow) {
         {{"\n\n\n\n\n\n\n\n\n\n\n--cuont"},
          {},
          {},
-         "a.conf:12: unknown option '--cuont'; did you mean '--count'?",
-         nullptr},
+         "a.conf:12: unknown option '--cuont'; did you mean '--count'?"},
         {{"n=3\n-n 3\n--list: 1\n toggle = no\ntoggle=yes\nflag\n--n\n5\n--list"},
          {},
          {},
@@ -320,8 +319,7 @@ TEST_F(Layers, replaceThoseBelow) {
          "a.conf:4: 'toggle = no' is no option, and settings hold nothing else; write '--no-toggle'\n"
          "a.conf:5: 'toggle=yes' is no option, and settings hold nothing else; write '--toggle'\n"
          "a.conf:6: 'flag' is no option, and settings hold nothing else; write '--flag'\n"
-         "a.conf:9: '--list' needs a value",
-         nullptr},
+         "a.conf:9: '--list' needs a value"},
         {{"word\n--help\n--\n--n"},
          {},
          {},
