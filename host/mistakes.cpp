@@ -285,10 +285,8 @@ Error ambiguousCommand(std::string_view typed, const Meaning& meaning) {
 }
 
 Error missingOption(const Record& record) {
-    const std::string what = joined({record.shownName(), " ", escaped(record.metavar())});
-    Error error = mistakeOf(record, Kind::missingOption, "missing option: " + what);
-    error.reason = what;
-    return error;
+    return mistakeOf(record, Kind::missingOption,
+                     joined({"missing option: ", record.shownName(), " ", escaped(record.metavar())}));
 }
 
 Error missingOneOf(const Table& table, const RuleGroup& group) {
@@ -302,11 +300,9 @@ Error missingOneOf(const Table& table, const RuleGroup& group) {
 }
 
 Error missingArgument(const Record& record, unsigned found) {
-    std::string what = escaped(record.metavar());
-    if (found > 0) what += joined({" (", std::to_string(record.atLeast), " or more)"});
-    Error error = mistakeOf(record, Kind::missingArgument, "missing argument: " + what);
-    error.reason = std::move(what);
-    return error;
+    std::string sentence = "missing argument: " + escaped(record.metavar());
+    if (found > 0) sentence += joined({" (", std::to_string(record.atLeast), " or more)"});
+    return mistakeOf(record, Kind::missingArgument, std::move(sentence));
 }
 
 Error conflict(const Record& first, const Record& second) {
@@ -321,24 +317,6 @@ Error missingCompanion(const Record& given, const Record& needed) {
                             joined({named(given), " needs ", named(needed), " as well"}));
     error.candidates = {std::string(needed.firstName())};
     return error;
-}
-
-std::string mistakesToShow(const std::vector<Error>& errors) {
-    const Error& first = errors.front();
-    const bool isOption = first.kind == Kind::missingOption;
-    if (!isOption && first.kind != Kind::missingArgument) return first.text();
-    std::vector<std::string> missing;
-    std::vector<std::string> others;  // one of several is missing
-    for (const Error& error : errors) {
-        if (error.kind != first.kind) continue;
-        const bool isOne = !error.option.empty();
-        (isOne ? missing : others).push_back(isOne ? error.reason : error.sentence);
-    }
-    const std::string what = isOption ? "missing option" : "missing argument";
-    if (!missing.empty())
-        others.insert(others.begin(),
-                      joined({what, missing.size() > 1 ? "s: " : ": ", listed(missing, ", ")}));
-    return listed(others, "; ");
 }
 
 std::string deprecationAdvice(const Record& record) {
