@@ -199,14 +199,14 @@ private:
 
 /// "YYYY-MM-DD"; whoever builds the same twice sets SOURCE_DATE_EPOCH.
 std::string today() {
-    std::time_t now = std::time(nullptr);
-    if (const char* epoch = std::getenv("SOURCE_DATE_EPOCH")) {
-        long long seconds = 0;
-        if (Type<long long>::read(epoch, seconds).empty()) now = static_cast<std::time_t>(seconds);
-    }
+    long long seconds = 0;
+    const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
+    if (epoch == nullptr || !Type<long long>::read(epoch, seconds).empty()) seconds = std::time(nullptr);
+    const auto time = static_cast<std::time_t>(seconds);
     std::tm parts = {};
     char date[32];
-    if (gmtime_r(&now, &parts) == nullptr) return "1970-01-01";
+    // A year of too many digits, or a time that 32 bits do not hold.
+    if (time != seconds || gmtime_r(&time, &parts) == nullptr) return "1970-01-01";
     return {date, std::strftime(date, sizeof date, "%Y-%m-%d", &parts)};
 }
 
