@@ -467,7 +467,6 @@ public:
                 compare(*command, *later);
                 break;
             }
-            path = pathBehindProgram(before);
         }
     }
 

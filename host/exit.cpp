@@ -6,7 +6,6 @@
 
 #include "completion.h"
 #include "help.h"
-#include "mistakes.h"
 #include "process_environment.h"
 #include "shown_text.h"
 #include "table.h"
@@ -61,7 +60,7 @@ Result Parser::parseOrExit(int argc, const char* const* argv) {
         warn(root, "warning: " + advice);
     if (outcome) return std::move(outcome.found);
     const Parser* command = outcome.result().command();
-    (command != nullptr ? *command : *this).fail(detail::mistakesToShow(outcome.errors()));
+    (command != nullptr ? *command : *this).fail(outcome.error().text());
 }
 
 void Parser::fail(Text text) const {

@@ -35,8 +35,8 @@ std::vector<std::string> hyphenedAll(std::vector<std::string> names) {
     return names;
 }
 
-std::string withoutHyphens(std::string_view typed) {
-    return std::string(typed.substr(typed.substr(0, 2) == "--" ? 2 : 1));
+std::string_view withoutHyphens(std::string_view typed) {
+    return typed.substr(beginsWith(typed, "--") ? 2 : 1);
 }
 
 /// "'-l' and '-w'"
@@ -63,7 +63,7 @@ const Record* optionNamed(const Table& table, std::string_view name) {
 /// The same for a command that was not chosen: its names are not entered.
 bool hasOption(const Table& command, std::string_view name) {
     return std::any_of(command.records.begin(), command.records.end(), [name](const Record& record) {
-        if (!record.isOption() || record.isBuiltIn()) return false;
+        if (!record.isOption()) return false;
         const std::vector<std::string> names = record.allNames();
         return std::any_of(names.begin(), names.end(), [&](const std::string& own) {
             return own == name || (record.what == What::toggle && "no-" + own == name);
@@ -101,23 +101,47 @@ std::string offFormOfNoSwitch(const Table& table, std::string_view name) {
     return joined({"; ", quoted(hyphened(name.substr(off.size()))), " cannot be switched off"});
 }
 
-/// How "shelf=/x", "shelf: /x" or "--shelf /x" would be written as one argument, if it begins with an option's full
-/// name.
-std::string rewritten(const Table& table, std::string_view argument) {
+/// What a text such as "shelf=/x", "shelf: /x" or "--shelf /x" says, if it begins with an option's full name.
+struct Setting {
+    const Record* record = nullptr;
+    std::string name;
+    std::string_view value;
+};
+
+Setting settingIn(const Table& table, std::string_view argument) {
     constexpr std::string_view between = " \t=:";
-    const bool isNamed = beginsWith(argument, "-");
-    const std::string text = isNamed ? withoutHyphens(argument) : std::string(argument);
-    const std::string name = text.substr(0, text.find_first_of(between));
-    const Record* record = optionNamed(table, name);
-    if (record == nullptr || record->isBuiltIn()) return {};
-    const std::size_t begin = std::min(text.find_first_not_of(between, name.size()), text.size());
-    std::string value = text.substr(begin);
+    const std::string_view text = beginsWith(argument, "-") ? withoutHyphens(argument) : argument;
+    Setting setting;
+    setting.name = text.substr(0, text.find_first_of(between));
+    setting.record = optionNamed(table, setting.name);
+    if (setting.record != nullptr && setting.record->isBuiltIn()) setting.record = nullptr;
+    setting.value = text.substr(std::min(text.find_first_not_of(between, setting.name.size()), text.size()));
+    return setting;
+}
+
+/// How it would be written as one argument.
+std::string rewritten(const Table& table, std::string_view argument) {
+    const Setting setting = settingIn(table, argument);
+    if (setting.record == nullptr) return {};
+    std::string form = hyphened(setting.name);
     bool isOn = true;
-    if (record->what == What::toggle && Type<bool>::read(value, isOn).empty() && !isOn)
-        return joined({"; write ", quoted("--no-" + name)});
-    if (record->what != What::option) return joined({"; write ", quoted(hyphened(name))});
-    if (value.empty()) value = record->metavar();
-    return joined({"; write ", quoted(joined({hyphened(name), "=", record->isSecret ? "***" : value}))});
+    if (setting.record->what == What::option) {
+        const std::string value =
+            setting.value.empty() ? setting.record->metavar() : std::string(setting.value);
+        form += "=" + (setting.record->isSecret ? "***" : value);
+    } else if (setting.record->what == What::toggle && Type<bool>::read(setting.value, isOn).empty() &&
+               !isOn) {
+        form = "--no-" + setting.name;
+    }
+    return joined({"; write ", quoted(form)});
+}
+
+/// The argument without the secret in it.
+std::string harmless(const Table& table, std::string_view argument) {
+    const Setting setting = settingIn(table, argument);
+    const bool isSecret = setting.record != nullptr && setting.record->isSecret && !setting.value.empty();
+    if (!isSecret) return std::string(argument);
+    return joined({argument.substr(0, argument.size() - setting.value.size()), "***"});
 }
 
 void appendNames(const Table& table, bool onlyGlobal, bool withOffForms, std::vector<std::string>& names) {
@@ -166,8 +190,8 @@ Error unknownOption(std::string_view typed) {
 Error unknownOption(const Table& table, std::string_view argument, const JoinedLetters& letters,
                     bool isOnCommandLine) {
     const std::string_view typed = argument.substr(0, argument.find('='));
-    const std::string name = withoutHyphens(typed);
-    Error error = unknownOption(typed);
+    const std::string_view name = withoutHyphens(typed);
+    Error error = unknownOption(harmless(table, typed));
     error.candidates = nearestNames(name, typeableNames(table, beginsWith(name, "no")));
     constexpr std::size_t mostPieces = 6;
     std::string hint = rewritten(table, argument);
@@ -220,7 +244,7 @@ Error onlyOnCommandLine(const Record& record) {
 
 Error noOptionInSettings(const Table& table, std::string_view argument) {
     return mistake(Kind::tooManyArguments,
-                   joined({quoted(argument), " is no option, and settings hold nothing else",
+                   joined({quoted(harmless(table, argument)), " is no option, and settings hold nothing else",
                            rewritten(table, argument)}));
 }
 
@@ -261,10 +285,8 @@ Error ambiguousCommand(std::string_view typed, const Meaning& meaning) {
 }
 
 Error missingOption(const Record& record) {
-    const std::string what = joined({record.shownName(), " ", escaped(record.metavar())});
-    Error error = mistakeOf(record, Kind::missingOption, "missing option: " + what);
-    error.reason = what;
-    return error;
+    return mistakeOf(record, Kind::missingOption,
+                     joined({"missing option: ", record.shownName(), " ", escaped(record.metavar())}));
 }
 
 Error missingOneOf(const Table& table, const RuleGroup& group) {
@@ -278,11 +300,9 @@ Error missingOneOf(const Table& table, const RuleGroup& group) {
 }
 
 Error missingArgument(const Record& record, unsigned found) {
-    std::string what = escaped(record.metavar());
-    if (found > 0) what += joined({" (", std::to_string(record.atLeast), " or more)"});
-    Error error = mistakeOf(record, Kind::missingArgument, "missing argument: " + what);
-    error.reason = std::move(what);
-    return error;
+    std::string sentence = "missing argument: " + escaped(record.metavar());
+    if (found > 0) sentence += joined({" (", std::to_string(record.atLeast), " or more)"});
+    return mistakeOf(record, Kind::missingArgument, std::move(sentence));
 }
 
 Error conflict(const Record& first, const Record& second) {
@@ -297,24 +317,6 @@ Error missingCompanion(const Record& given, const Record& needed) {
                             joined({named(given), " needs ", named(needed), " as well"}));
     error.candidates = {std::string(needed.firstName())};
     return error;
-}
-
-std::string mistakesToShow(const std::vector<Error>& errors) {
-    const Error& first = errors.front();
-    const bool isOption = first.kind == Kind::missingOption;
-    if (!isOption && first.kind != Kind::missingArgument) return first.text();
-    std::vector<std::string> missing;
-    std::vector<std::string> others;  // one of several is missing
-    for (const Error& error : errors) {
-        if (error.kind != first.kind) continue;
-        const bool isOne = !error.option.empty();
-        (isOne ? missing : others).push_back(isOne ? error.reason : error.sentence);
-    }
-    const std::string what = isOption ? "missing option" : "missing argument";
-    if (!missing.empty())
-        others.insert(others.begin(),
-                      joined({what, missing.size() > 1 ? "s: " : ": ", listed(missing, ", ")}));
-    return listed(others, "; ");
 }
 
 std::string deprecationAdvice(const Record& record) {

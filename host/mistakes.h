@@ -45,10 +45,6 @@ Error missingArgument(const Record& record, unsigned found);
 Error conflict(const Record& first, const Record& second);
 Error missingCompanion(const Record& given, const Record& needed);
 
-/// What a user is shown of all mistakes: the first one or, where that is missing, all
-/// of its kind that are.
-std::string mistakesToShow(const std::vector<Error>& errors);
-
 std::string deprecationAdvice(const Record& record);
 
 }  // namespace vorn_3_1::host::detail

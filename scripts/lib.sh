@@ -4,14 +4,19 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 jobs=$(nproc 2> /dev/null || echo 2)
 export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$jobs}
 
-# A 32-bit C++ runtime to link with. Only linking tells: asked for a file, the compiler names the 64-bit one.
-has_multilib() {
+# can_link COMPILER FLAG...: whether it makes a program of the source on standard input. Only linking tells: asked for a
+# runtime's file, the compiler names that of the other width. Not into /dev/null, which a linker may replace.
+can_link() {
     local program code=0
     program=$(mktemp)
-    g++ -m32 -x c++ -o "$program" - <<< '#include <string>
-int main() {}' 2> /dev/null || code=$?
+    "$@" -x c++ -o "$program" - 2> /dev/null || code=$?
     rm -f "$program"
     return "$code"
+}
+
+has_multilib() {
+    can_link g++ -m32 <<< '#include <string>
+int main() {}'
 }
 
 # A probe is a function of the name, a file's path, or a command.

@@ -12,7 +12,8 @@
 namespace vorn_3_1::internal {
 
 /// A list of nodes that belong to somebody else and have a `next`. Linking never fails, so a store can prepare
-/// its nodes first, which may fail, and link them when nothing can go wrong any more.
+/// its nodes first, which may fail, and link them when nothing can go wrong any more. A std::forward_list would ask the
+/// heap for each node: twice for an argument, instead of five times for a hundred.
 template <class Node>
 class Chain {
 public:

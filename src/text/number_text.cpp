@@ -58,9 +58,12 @@ struct Scanner {
 
 // The two slow ways. The number goes through a void pointer, so that the code around the stream exists once and not
 // once for each type.
-bool readByStream(std::string_view text, bool (*extract)(std::istream&, void*), void* value) {
+using Base = std::ios_base& (*)(std::ios_base&);
+
+bool readByStream(std::string_view text, Base base, bool (*extract)(std::istream&, void*), void* value) {
     std::istringstream stream{std::string(text)};
     stream.exceptions(std::ios::badbit);  // running out of memory is no bad number
+    stream >> base;
     return extract(stream, value);
 }
 
@@ -73,18 +76,11 @@ std::string writeByStream(void (*insert)(std::ostream&, const void*), const void
 
 // The same two for a type: they know which operator of the stream to call.
 template <class Number>
-bool readByStream(std::string_view text, Number& value) {
+bool readByStream(std::string_view text, Number& value, Base base = std::dec) {
     const auto extract = [](std::istream& stream, void* target) {
         return !(stream >> *static_cast<Number*>(target)).fail();
     };
-    return readByStream(text, extract, &value);
-}
-
-bool readHexadecimalByStream(std::string_view text, unsigned long long& value) {
-    const auto extract = [](std::istream& stream, void* target) {
-        return !(stream >> std::hex >> *static_cast<unsigned long long*>(target)).fail();
-    };
-    return readByStream(text, extract, &value);
+    return readByStream(text, base, extract, &value);
 }
 
 template <class Number>
@@ -107,9 +103,6 @@ bool readMagnitude(std::string_view text, int radix, unsigned long long& magnitu
 //     "0x", "h"        "", which is no number
 //     "1F", "0x1Fh"    nothing
 std::optional<std::string_view> hexadecimalDigits(std::string_view text) {
-    const auto areHexadecimal = [](std::string_view digits) {
-        return digits.find_first_not_of("1234567890ABCDEFabcdef") == std::string_view::npos;
-    };
     if (text.starts_with("0x") || text.starts_with("0X")) {
         text.remove_prefix(2);
     } else if (text.ends_with('h') || text.ends_with('H')) {
@@ -117,7 +110,8 @@ std::optional<std::string_view> hexadecimalDigits(std::string_view text) {
     } else {
         return std::nullopt;
     }
-    return areHexadecimal(text) ? std::optional(text) : std::nullopt;
+    const bool areDigits = text.find_first_not_of("1234567890ABCDEFabcdef") == std::string_view::npos;
+    return areDigits ? std::optional(text) : std::nullopt;
 }
 
 // Reads a number of the given range as 64 bits, negative ones in two's complement. An unsigned type takes the
@@ -208,7 +202,7 @@ bool readNumber(std::string_view text, Number& value) {
 bool readNumberOrHexadecimal(std::string_view text, unsigned long long& value) {
     const std::optional<std::string_view> digits = hexadecimalDigits(text);
     if (!digits) return readNumber(text, value);
-    return isClassicLocale() ? readMagnitude(*digits, 16, value) : readHexadecimalByStream(text, value);
+    return isClassicLocale() ? readMagnitude(*digits, 16, value) : readByStream(text, value, std::hex);
 }
 
 template <class Number>

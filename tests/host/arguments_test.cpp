@@ -163,7 +163,7 @@ TEST_F(Arguments, shortOptionsAreReadLetterByLetterOnRequest) {
         {{"-vq=1"}, "'--quiet' takes no value"},
         {{"-vz"}, "unknown option '-z' in '-vz'"},  // all or nothing
         {{"-v."}, "unknown option '-.' in '-v.'"},
-        {{"-v."}, "unknown option '-.' in '-v.'"},  // the only name that begins with it, but not its name
+        {{"-vl"}, "unknown option '-l' in '-vl'"},  // the only name that begins with it, but not its name
         {{"--vvq"}, "unknown option '--vvq'"},
         {{"-flag"}, "f"},  // the library finds it
         {{"-vD"}, "'--define' needs a value"},

@@ -24,6 +24,7 @@ struct Commands : testing::Test {
     host::Key<std::vector<std::string>> names = show.addPositional<std::string>("name", "").atLeast(0).key();
     host::Key<bool> verbose = remote.addFlag("verbose", "").global().key();
     Commands() {
+        parser.version("1");
         remove.exclusive({force, quick});
         remote.addFlag("depth", "");
         show.addFlag("depth", "");
@@ -60,6 +61,9 @@ TEST_F(Commands, areChosenByTheFirstArgumentThatIsNoOption) {
         {{"remove-all", "--why=x", "-f", "-q"}, &remove, "'--force' and '--quick' exclude each other"},
         {{"add", "--dry", "x"}, &add, "unknown option '--dry'; write it in front of the command 'add'"},
         {{"--why=x", "add", "x"}, &add, "unknown option '--why'; write it behind the command 'remove-all'"},
+        {{"add", "x", "--version"},
+         &add,
+         "unknown option '--version'; write it in front of the command 'add'"},
         {{"--quick", "--name", "add", "x"},
          &add,
          "unknown option '--quick'; write it behind the command 'remove-all'\nunknown option '--name'"},
@@ -188,11 +192,15 @@ TEST(Secrets, areNotShownByAnybody) {
         {{"-t", "old"}, "'***' is refused for '--token': expired"},
         {{"--token", "-old"}, "'--token' needs a value; for one that begins with '-', write '--token=-***'"},
         {{"--pins=1,old"}, "'***' is not a whole number, which '--pins' takes"},
+        {{"--token old"}, "unknown option '--token ***'; write '--token=***'"},
         {{"--pins=1,"}, "'***' has an empty item"},
         {{"--pins=99999999999"}, "'***' is too large for '--pins': at most 2147483647"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(parser.parse(row.typed).error().text(), row.text);
+    parser.settings("token: old", "f");
+    EXPECT_EQ(parser.parse({}).error().text(),
+              "f:1: 'token: ***' is no option, and settings hold nothing else; write '--token=***'");
 }
 
 TEST_F(Commands, mayReadJoinedLettersOrDropTheUnknownAlone) {
@@ -301,8 +309,7 @@ TEST_F(Layers, replaceThoseBelow) {
         {{"\n\n\n\n\n\n\n\n\n\n\n--cuont"},
          {},
          {},
-         "a.conf:12: unknown option '--cuont'; did you mean '--count'?",
-         nullptr},
+         "a.conf:12: unknown option '--cuont'; did you mean '--count'?"},
         {{"n=3\n-n 3\n--list: 1\n toggle = no\ntoggle=yes\nflag\n--n\n5\n--list"},
          {},
          {},
@@ -312,8 +319,7 @@ TEST_F(Layers, replaceThoseBelow) {
          "a.conf:4: 'toggle = no' is no option, and settings hold nothing else; write '--no-toggle'\n"
          "a.conf:5: 'toggle=yes' is no option, and settings hold nothing else; write '--toggle'\n"
          "a.conf:6: 'flag' is no option, and settings hold nothing else; write '--flag'\n"
-         "a.conf:9: '--list' needs a value",
-         nullptr},
+         "a.conf:9: '--list' needs a value"},
         {{"word\n--help\n--\n--n"},
          {},
          {},

@@ -274,7 +274,7 @@ TEST(Completion, scriptsQuoteTheNamesThatNeedIt) {
         const char* program;
         const char* line;
     } cases[] = {
-        {"my_tool-2.X", "complete -c my_tool-2.X -f -a '(_complete_my_tool_2_X)'\n"},
+        {"AZ_az-09.x", "complete -c AZ_az-09.x -f -a '(_complete_AZ_az_09_x)'\n"},
         {"it's a\n{[tool]}:$1",
          "complete -c 'it'\\''s a{[tool]}:$1' -f -a '(_complete_it_s_a___tool____1)'\n"},
     };

@@ -92,15 +92,12 @@ TEST(Exit, tellsHowItWent) {
         {{"bogus", "--help"}, "2||too\\x1Bl: unknown command 'bogus'\n" + hint},
         {{"--new=--help", "do", "-n=1"}, "7|ran with --help|"},
         {{"--help=1"}, "2||too\\x1Bl: '--help' takes no value\n" + hint},
-        {{"copy"},
-         "2||too\\x1Bl: missing options: --size N, --to DIR; missing option: "
-         "one of "
-         "--all, --some\nTry 'too\\x1Bl copy --help'.\n"},
+        {{"copy"}, "2||too\\x1Bl: missing option: one of --all, --some\nTry 'too\\x1Bl copy --help'.\n"},
         {{"copy", "--size=1", "--some", "a", "b"},
          "2||too\\x1Bl: missing option: --to DIR\nTry 'too\\x1Bl copy "
          "--help'.\n"},
         {{"copy", "--size=1", "--to=x", "--some"},
-         "2||too\\x1Bl: missing arguments: FIRST, MORE\nTry 'too\\x1Bl copy --help'.\n"},
+         "2||too\\x1Bl: missing argument: FIRST\nTry 'too\\x1Bl copy --help'.\n"},
         {{"copy", "--size=1", "--to=x", "--some", "a", "b"},
          "2||too\\x1Bl: missing argument: MORE (2 or more)\nTry 'too\\x1Bl copy --help'.\n"},
         {{"copy", "--sze=1", "a"},

@@ -62,7 +62,7 @@ struct Error {
     std::string option;                   ///< The first name of the option that it is about, if any.
     std::string argument;                 ///< The argument as typed, if any.
     std::string value;                    ///< The value, or the item of a list, that is refused.
-    std::string reason;                   ///< Why, if there is more to say than the kind does: what is missing.
+    std::string reason;                   ///< Why, if there is more to say than the kind does.
     std::vector<std::string> candidates;  ///< Names or values that may have been meant, the best first.
     Origin origin;                        ///< Where it stands; nowhere if something is missing.
     std::string libraryText;              ///< The library's own words, where it has some.

@@ -291,7 +291,7 @@ public:
         return *this;
     }
 
-    /// Help, messages and Parser::effective do not show its value: a password, a token.
+    /// Help, messages and Parser::effective do not show its value: a password, a token. The fields of an Error hold it.
     Option secret() const {
         static_assert(hasValue, "a switch or a flag takes no value");
         declaration.setSecret();
