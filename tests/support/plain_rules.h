@@ -28,7 +28,7 @@ inline void require(bool holds, const char* rule, const std::string& detail = ""
 
 /// Of how many inputs one is looked at in full: every one of those that are played back.
 #ifdef VORN_FUZZ
-constexpr std::size_t fullEvery = 64;
+constexpr std::size_t fullEvery = 128;
 #else
 constexpr std::size_t fullEvery = 1;
 #endif
