@@ -563,11 +563,11 @@ Abbreviations Parser::abbreviations() {
 
 std::string BrokenAbbreviation::text() const {
     std::string sentence = command.empty() ? "" : detail::escaped(command) + ": ";
-    sentence += detail::quoted(typedForm(*this, typed.at(0)));
-    sentence += typed[0] == name ? " was taken" : " meant " + detail::quoted(typedForm(*this, name));
+    sentence += detail::inQuotes(typedForm(*this, typed.at(0)));
+    sentence += typed[0] == name ? " was taken" : " meant " + detail::inQuotes(typedForm(*this, name));
     std::vector<std::string> shown;
     for (const std::string& each : now)
-        shown.push_back(detail::quoted(typedForm(*this, each)));
+        shown.push_back(detail::inQuotes(typedForm(*this, each)));
     if (now.empty()) {
         sentence += " and is unknown now";
     } else {

@@ -7,15 +7,15 @@ namespace vorn_3_1::host::detail {
 
 namespace {
 
-struct Stretch {
+struct CodePoints {
     char32_t first;
     char32_t last;
 };
 
 // Both are made from the character data of Unicode 14: what is a mark or formats (Mn, Me, Cf) and the vowels and finals
-// of Hangul, and what is wide or fullwidth. A stretch goes on over what is not assigned. In rising order.
+// of Hangul, and what is wide or fullwidth. A row goes on over what is not assigned. In rising order.
 // clang-format off
-constexpr Stretch zeroWidth[] = {
+constexpr CodePoints zeroWidth[] = {
     {0x300, 0x36F}, {0x483, 0x489}, {0x591, 0x5BD}, {0x5BF, 0x5BF}, {0x5C1, 0x5C2}, {0x5C4, 0x5C5},
     {0x5C7, 0x5C7}, {0x610, 0x61A}, {0x61C, 0x61C}, {0x64B, 0x65F}, {0x670, 0x670}, {0x6D6, 0x6DC},
     {0x6DF, 0x6E4}, {0x6E7, 0x6E8}, {0x6EA, 0x6ED}, {0x711, 0x711}, {0x730, 0x74A}, {0x7A6, 0x7B0},
@@ -77,7 +77,7 @@ constexpr Stretch zeroWidth[] = {
     {0x1E000, 0x1E02A}, {0x1E130, 0x1E136}, {0x1E2AE, 0x1E2AE}, {0x1E2EC, 0x1E2EF}, {0x1E8D0, 0x1E8D6},
     {0x1E944, 0x1E94A}, {0xE0001, 0xE01EF}
 };
-constexpr Stretch wide[] = {
+constexpr CodePoints wide[] = {
     {0x1100, 0x115F}, {0x231A, 0x231B}, {0x2329, 0x232A}, {0x23E9, 0x23EC}, {0x23F0, 0x23F0},
     {0x23F3, 0x23F3}, {0x25FD, 0x25FE}, {0x2614, 0x2615}, {0x2648, 0x2653}, {0x267F, 0x267F},
     {0x2693, 0x2693}, {0x26A1, 0x26A1}, {0x26AA, 0x26AB}, {0x26BD, 0x26BE}, {0x26C4, 0x26C5},
@@ -102,7 +102,7 @@ template <class Stretches>
 bool holds(const Stretches& stretches, char32_t character) {
     const auto next =
         std::upper_bound(std::begin(stretches), std::end(stretches), character,
-                         [](char32_t wanted, const Stretch& stretch) { return wanted < stretch.first; });
+                         [](char32_t wanted, const CodePoints& points) { return wanted < points.first; });
     return next != std::begin(stretches) && character <= std::prev(next)->last;
 }
 

@@ -139,7 +139,7 @@ namespace {
 /// A value that may come from anywhere.
 std::string shownItem(const std::string& value) {
     const bool isPlain = !value.empty() && value.find(' ') == std::string::npos;
-    return isPlain ? shown(value) : quoted(value);
+    return isPlain ? shown(value) : inQuotes(value);
 }
 
 std::string shownItems(const std::vector<std::string>& values, std::string_view separator) {

@@ -44,7 +44,7 @@ std::string quotedAll(const std::vector<std::string>& pieces) {
     std::string all;
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         if (i > 0) all += i + 1 == pieces.size() ? " and " : ", ";
-        all += quoted(pieces[i]);
+        all += inQuotes(pieces[i]);
     }
     return all;
 }
@@ -84,7 +84,7 @@ void appendOwners(const Table& table, std::string_view name, const std::string& 
 std::string otherPlaceOf(const Table& table, std::string_view name) {
     for (const Table* inner = &table; inner->outer != nullptr; inner = inner->outer) {
         if (hasOption(*inner->outer, name))
-            return joined({"; write it in front of the command ", quoted(inner->firstName())});
+            return joined({"; write it in front of the command ", inQuotes(inner->firstName())});
     }
     constexpr std::size_t few = 3;
     std::vector<std::string> owners;
@@ -98,7 +98,7 @@ std::string offFormOfNoSwitch(const Table& table, std::string_view name) {
     constexpr std::string_view off = "no-";
     const Record* record = beginsWith(name, off) ? optionNamed(table, name.substr(off.size())) : nullptr;
     if (record == nullptr) return {};
-    return joined({"; ", quoted(hyphened(name.substr(off.size()))), " cannot be switched off"});
+    return joined({"; ", inQuotes(hyphened(name.substr(off.size()))), " cannot be switched off"});
 }
 
 /// What a text such as "shelf=/x", "shelf: /x" or "--shelf /x" says, if it begins with an option's full name.
@@ -133,7 +133,7 @@ std::string rewritten(const Table& table, std::string_view argument) {
                !isOn) {
         form = "--no-" + setting.name;
     }
-    return joined({"; write ", quoted(form)});
+    return joined({"; write ", inQuotes(form)});
 }
 
 /// The argument without the secret in it.
@@ -180,11 +180,11 @@ std::vector<std::string> typeableNames(const Table& table, bool withOffForms) {
 }
 
 Error namesNoOption(std::string_view typed) {
-    return mistake(Kind::unknownOption, quoted(typed) + " names no option");
+    return mistake(Kind::unknownOption, inQuotes(typed) + " names no option");
 }
 
 Error unknownOption(std::string_view typed) {
-    return mistake(Kind::unknownOption, "unknown option " + quoted(typed));
+    return mistake(Kind::unknownOption, "unknown option " + inQuotes(typed));
 }
 
 Error unknownOption(const Table& table, std::string_view argument, const JoinedLetters& letters,
@@ -205,7 +205,8 @@ Error unknownOption(const Table& table, std::string_view argument, const JoinedL
         hint = joined({"; did you mean ", quotedAlternatives(hyphenedAll(error.candidates)), "?"});
     }
     if (hint.empty() && !letters.strange.empty()) {
-        error.sentence = joined({"unknown option ", quoted("-" + letters.strange), " in ", quoted(typed)});
+        error.sentence =
+            joined({"unknown option ", inQuotes("-" + letters.strange), " in ", inQuotes(typed)});
     }
     error.sentence += hint;
     return error;
@@ -213,7 +214,7 @@ Error unknownOption(const Table& table, std::string_view argument, const JoinedL
 
 Error ambiguousOption(std::string_view typed, const Meaning& meaning) {
     const std::string all = listed(hyphenedAll(meaning.candidates), ", ");
-    Error error = mistake(Kind::ambiguousOption, joined({quoted(typed), " is ambiguous: ", shown(all)}));
+    Error error = mistake(Kind::ambiguousOption, joined({inQuotes(typed), " is ambiguous: ", shown(all)}));
     error.candidates = meaning.candidates;
     error.libraryText = meaning.libraryText;
     return error;
@@ -224,14 +225,15 @@ Error needsValue(const Record& record) {
 }
 
 Error needsValueThatLooksLikeOption(const Record& record, std::string_view next) {
-    const std::string behindSign = quoted(joined({record.shownName(), "=", record.isSecret ? "-***" : next}));
+    const std::string behindSign =
+        inQuotes(joined({record.shownName(), "=", record.isSecret ? "-***" : next}));
     return mistakeOf(
         record, Kind::missingValue,
         joined({named(record), " needs a value; for one that begins with '-', write ", behindSign}));
 }
 
 Error emptyValue(const Record& record, std::string_view typed) {
-    return mistakeOf(record, Kind::missingValue, quoted(typed) + " has no value");
+    return mistakeOf(record, Kind::missingValue, inQuotes(typed) + " has no value");
 }
 
 Error takesNoValue(const Record& record) {
@@ -244,16 +246,16 @@ Error onlyOnCommandLine(const Record& record) {
 
 Error noOptionInSettings(const Table& table, std::string_view argument) {
     return mistake(Kind::tooManyArguments,
-                   joined({quoted(harmless(table, argument)), " is no option, and settings hold nothing else",
-                           rewritten(table, argument)}));
+                   joined({inQuotes(harmless(table, argument)),
+                           " is no option, and settings hold nothing else", rewritten(table, argument)}));
 }
 
 Error unexpectedArgument(std::string_view argument) {
-    return mistake(Kind::tooManyArguments, "unexpected argument " + quoted(argument));
+    return mistake(Kind::tooManyArguments, "unexpected argument " + inQuotes(argument));
 }
 
 Error unreadableFile(std::string_view path, std::string_view reason) {
-    Error error = mistake(Kind::unreadableFile, joined({"cannot read ", quoted(path), ": ", reason}));
+    Error error = mistake(Kind::unreadableFile, joined({"cannot read ", inQuotes(path), ": ", reason}));
     error.reason = reason;
     return error;
 }
@@ -267,7 +269,7 @@ Error missingCommand(const Table& table) {
 }
 
 Error unknownCommand(const Table& table, std::string_view typed) {
-    Error error = mistake(Kind::unknownCommand, "unknown command " + quoted(typed));
+    Error error = mistake(Kind::unknownCommand, "unknown command " + inQuotes(typed));
     error.candidates = nearestNames(typed, allCommandNames(table));
     if (!error.candidates.empty()) {
         error.sentence += joined({"; did you mean ", quotedAlternatives(error.candidates), "?"});
@@ -278,7 +280,7 @@ Error unknownCommand(const Table& table, std::string_view typed) {
 Error ambiguousCommand(std::string_view typed, const Meaning& meaning) {
     Error error = mistake(
         Kind::unknownCommand,
-        joined({"command ", quoted(typed), " is ambiguous: ", shown(listed(meaning.candidates, ", "))}));
+        joined({"command ", inQuotes(typed), " is ambiguous: ", shown(listed(meaning.candidates, ", "))}));
     error.candidates = meaning.candidates;
     error.libraryText = meaning.libraryText;
     return error;

@@ -97,7 +97,7 @@ std::string shown(std::string_view text) {
     return escaped(text.substr(0, frontEnd)) + "..." + escaped(text.substr(backBegin));
 }
 
-std::string quoted(std::string_view text) { return "'" + shown(text) + "'"; }
+std::string inQuotes(std::string_view text) { return "'" + shown(text) + "'"; }
 
 std::string joined(std::initializer_list<std::string_view> pieces) {
     std::string text;

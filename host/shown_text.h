@@ -29,7 +29,7 @@ std::string escaped(std::string_view text);
 std::string shown(std::string_view text);
 
 /// The same between quotes.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 std::string joined(std::initializer_list<std::string_view> pieces);
 

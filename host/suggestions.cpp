@@ -37,7 +37,7 @@ unsigned wordDistance(std::string_view typed, std::string_view word, unsigned mo
 }
 
 /// A name with what speaks against it.
-struct Candidate {
+struct NearText {
     const std::string* name;
     unsigned wrongLetters;
     std::size_t leftOut;  ///< Words.
@@ -63,13 +63,13 @@ unsigned alignWords(const std::vector<std::string_view>& typed, const std::vecto
     return best.back();
 }
 
-std::vector<std::string> bestOf(std::vector<Candidate> candidates) {
-    std::stable_sort(candidates.begin(), candidates.end(), [](const Candidate& left, const Candidate& right) {
+std::vector<std::string> bestOf(std::vector<NearText> candidates) {
+    std::stable_sort(candidates.begin(), candidates.end(), [](const NearText& left, const NearText& right) {
         return left.wrongLetters + left.leftOut < right.wrongLetters + right.leftOut;
     });
     // Beside one with hardly a letter wrong, what has more of them is far-fetched.
     std::vector<std::string> names;
-    for (const Candidate& candidate : candidates) {
+    for (const NearText& candidate : candidates) {
         const unsigned least = candidates.front().wrongLetters;
         const bool isNear = least > 1 || candidate.wrongLetters <= least;
         if (isNear && names.size() < mostSuggestions) names.push_back(*candidate.name);
@@ -108,7 +108,7 @@ std::vector<std::string> nearestNames(std::string_view typed, const std::vector<
     if (typed.size() < 2 || typed.size() > longestTyped) return {};
     const unsigned most = toleranceFor(typed.size());
     const std::vector<std::string_view> words = wordsOf(typed);
-    std::vector<Candidate> candidates;
+    std::vector<NearText> candidates;
     for (const std::string& name : names) {
         const std::vector<std::string_view> own = wordsOf(name);
         const unsigned byWords = own.size() >= words.size() ? alignWords(words, own, most) : most + 1;
@@ -123,7 +123,7 @@ std::vector<std::string> nearestNames(std::string_view typed, const std::vector<
 std::vector<std::string> nearestTexts(std::string_view typed, const std::vector<std::string>& texts) {
     if (typed.size() < 2 || typed.size() > longestTyped) return {};
     const unsigned most = toleranceFor(typed.size());
-    std::vector<Candidate> candidates;
+    std::vector<NearText> candidates;
     for (const std::string& text : texts) {
         const unsigned wrong = wordDistance(typed, text, most);
         if (wrong <= most) candidates.push_back({&text, wrong, 0});
@@ -135,7 +135,7 @@ std::string quotedAlternatives(const std::vector<std::string>& texts) {
     std::string all;
     for (std::size_t i = 0; i < texts.size(); ++i) {
         if (i > 0) all += i + 1 == texts.size() ? " or " : ", ";
-        all += quoted(texts[i]);
+        all += inQuotes(texts[i]);
     }
     return all;
 }

@@ -61,7 +61,7 @@ std::string readHexadecimal(std::string_view digits, unsigned long long& value) 
 }
 
 template <class T>
-std::string readInteger(std::string_view text, T& value) {
+std::string readValue(std::string_view text, T& value) {
     using Wide = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
     Wide wide = 0;
     const std::string_view hexadecimal = hexadecimalDigits(text);
@@ -75,6 +75,21 @@ std::string readInteger(std::string_view text, T& value) {
     }
     if (reason.empty()) value = static_cast<T>(wide);
     return reason;
+}
+
+template <class T>
+std::string showValue(const T& value) {
+    using Wide = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
+    return std::to_string(static_cast<Wide>(value));
+}
+
+std::string showValue(const bool& value) { return value ? "yes" : "no"; }
+std::string showValue(const std::string& value) { return value; }
+
+std::string showValue(const double& value) {
+    char digits[32];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value);
+    return {digits, end.ptr};
 }
 
 /// How many places the first digit that is not 0 stands in front of the point, the exponent counted.
@@ -108,24 +123,56 @@ bool isDecimal(std::string_view text) {
     return points <= 1 && digits > 0 && static_cast<std::size_t>(points + digits) == mantissa.size();
 }
 
+std::string readValue(std::string_view text, double& value) {
+    if (!isDecimal(text)) return "is not a number";
+    const std::string_view number = withoutPlus(text);
+    double found = 0.0;
+    const auto end = std::from_chars(number.data(), number.data() + number.size(), found);
+    // Out of range on the small side is as good as 0.
+    if (end.ec == std::errc::result_out_of_range && magnitudeOf(number) > 0) {
+        const double limit = std::numeric_limits<double>::max();
+        return text.front() == '-' ? "is too small: at least " + showValue(-limit)
+                                   : "is too large: at most " + showValue(limit);
+    }
+    value = found;
+    return {};
+}
+
+std::string readValue(std::string_view text, bool& value) {
+    for (const std::string_view yes : {"yes", "true", "on", "1"}) {
+        if (text == yes) return value = true, "";
+    }
+    for (const std::string_view no : {"no", "false", "off", "0"}) {
+        if (text == no) return value = false, "";
+    }
+    return "is neither yes nor no";
+}
+
+std::string readValue(std::string_view text, std::string& value) {
+    value = text;
+    return {};
+}
+
 }  // namespace
 
 template <class T>
 std::string KnownType<T>::read(std::string_view text, T& value) {
-    return readInteger(text, value);
+    return readValue(text, value);
 }
 
 template <class T>
 std::string KnownType<T>::show(const T& value) {
-    using Wide = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
-    return std::to_string(static_cast<Wide>(value));
+    return showValue(value);
 }
 
 template <class T>
 const char* KnownType<T>::metavar() {
-    return "N";
+    if (std::is_same_v<T, bool>) return "yes|no";
+    if (std::is_same_v<T, double>) return "NUMBER";
+    return std::is_same_v<T, std::string> ? "TEXT" : "N";
 }
 
+template struct KnownType<bool>;
 template struct KnownType<signed char>;
 template struct KnownType<unsigned char>;
 template struct KnownType<short>;
@@ -136,77 +183,9 @@ template struct KnownType<long>;
 template struct KnownType<unsigned long>;
 template struct KnownType<long long>;
 template struct KnownType<unsigned long long>;
-
-template <>
-std::string KnownType<bool>::read(std::string_view text, bool& value) {
-    for (const std::string_view yes : {"yes", "true", "on", "1"}) {
-        if (text == yes) return value = true, "";
-    }
-    for (const std::string_view no : {"no", "false", "off", "0"}) {
-        if (text == no) return value = false, "";
-    }
-    return "is neither yes nor no";
-}
-
-template <>
-std::string KnownType<bool>::show(const bool& value) {
-    return value ? "yes" : "no";
-}
-
-template <>
-const char* KnownType<bool>::metavar() {
-    return "yes|no";
-}
-
-template <>
-std::string KnownType<double>::show(const double& value) {
-    char digits[32];
-    const auto end = std::to_chars(digits, digits + sizeof digits, value);
-    return std::string(digits, end.ptr);
-}
-
-template <>
-std::string KnownType<double>::read(std::string_view text, double& value) {
-    if (!isDecimal(text)) return "is not a number";
-    const std::string_view number = withoutPlus(text);
-    double found = 0.0;
-    const auto end = std::from_chars(number.data(), number.data() + number.size(), found);
-    // Out of range on the small side is as good as 0.
-    if (end.ec == std::errc::result_out_of_range && magnitudeOf(number) > 0) {
-        const double limit = std::numeric_limits<double>::max();
-        return text.front() == '-' ? "is too small: at least " + show(-limit)
-                                   : "is too large: at most " + show(limit);
-    }
-    value = found;
-    return {};
-}
-
-template <>
-const char* KnownType<double>::metavar() {
-    return "NUMBER";
-}
-
-template <>
-std::string KnownType<std::string>::read(std::string_view text, std::string& value) {
-    value = text;
-    return {};
-}
-
-template <>
-std::string KnownType<std::string>::show(const std::string& value) {
-    return value;
-}
-
-template <>
-const char* KnownType<std::string>::metavar() {
-    return "TEXT";
-}
-
-template struct KnownType<bool>;
 template struct KnownType<double>;
 template struct KnownType<std::string>;
 
-// Behind all that they use.
 template class TypedValues<bool>;
 template class TypedValues<int>;
 template class TypedValues<unsigned>;

@@ -20,7 +20,7 @@ Refusal refuse(Error::Kind kind, std::string reason, std::string sentence) {
 
 /// No message shows a secret.
 std::string quotedValue(const Record& record, std::string_view text) {
-    return record.isSecret ? "'***'" : quoted(text);
+    return record.isSecret ? "'***'" : inQuotes(text);
 }
 
 /// Whether a list's text has an empty item anywhere.

@@ -6,18 +6,10 @@
 #include <cstdlib>
 #include <new>
 
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define VORN_TESTS_CHECK_ADDRESSES
-#endif
-#endif
+#include "support/checked_build.h"
 
-// Exceptions are slow where addresses are checked: there every fifth request fails, and in all other builds each.
-#if defined(VORN_TESTS_CHECK_ADDRESSES) || defined(__SANITIZE_ADDRESS__)
-constexpr unsigned requestsBetween = 5;
-#else
-constexpr unsigned requestsBetween = 1;
-#endif
+// Every so many requests one fails.
+constexpr unsigned requestsBetween = vorn_tests::isChecked ? 5 : 1;
 
 static struct {
     bool isArmed = false;    // inside a call into the library
