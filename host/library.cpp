@@ -85,7 +85,7 @@ Library::Library(Table& declared, Of what) : table(declared), content(what) {
             }
         }
         if (table.hasPositionals())
-            registerNames(positionalName, {}, tamsu2::qel_string).positional()->tokenize('\0');
+            registerNames(positionalName, nullptr, tamsu2::qel_string).positional()->tokenize('\0');
     }
     verifySynonyms();
 }
@@ -94,19 +94,19 @@ Library::~Library() = default;
 
 void Library::registerOption(const Record& record) {
     if (!record.isOption()) return;
-    static const std::vector<std::string> none;
-    const std::vector<std::string>& further = record.details ? record.details->synonyms : none;
+    const std::vector<std::string>* further = record.details ? &record.details->synonyms : nullptr;
     registerNames(record.names.data(), further, libraryType(record.what)).tokenize('\0');
 }
 
 void Library::registerCommand(const Table& command) {
-    registerNames(command.names.c_str(), {}, tamsu2::qel_empty);
+    registerNames(command.names.c_str(), nullptr, tamsu2::qel_empty);
 }
 
 /// Names that do not fit into one registration become synonyms.
-IOption& Library::registerNames(const char* names, const std::vector<std::string>& further,
+IOption& Library::registerNames(const char* names, const std::vector<std::string>* further,
                                 tamsu2::qel_variant_type_t type) {
-    std::vector<std::string> added = further;
+    std::vector<std::string> added;
+    if (further != nullptr) added = *further;
     std::string shortened;
     if (!fitOneRegistration(names)) {
         std::vector<std::string> all = piecesOf(names, ',');
@@ -165,8 +165,10 @@ void Library::refuseWhileInUse() const {
 
 void Library::read(const std::vector<LibraryArgument>& arguments, Reader& reader, bool isLogged) {
     refuseWhileInUse();
-    std::vector<char*> argv = {const_cast<char*>("")};
-    if (isLogged) argv.push_back(const_cast<char*>(logSwitch));
+    std::vector<char*> argv;
+    argv.reserve(arguments.size() + 3);
+    argv.push_back(const_cast<char*>(""));
+    if (isLogged) argv.push_back(const_cast<char*>(logSwitch.data()));
     bool isBehind = false;
     for (const LibraryArgument& argument : arguments) {
         if (argument.isPassedThrough && !isBehind) argv.push_back(const_cast<char*>("--"));
@@ -178,6 +180,7 @@ void Library::read(const std::vector<LibraryArgument>& arguments, Reader& reader
     const std::unique_ptr<IParseResult, Destroy> result(made);
     const Hearing<Reader> hearing(listener, reader);
     heard.clear();
+    heard.reserve(arguments.size());
     thrown = nullptr;
     const int code = parser->parseArgsVector(static_cast<int>(argv.size()), argv.data(), made);
     if (code == 0 && !thrown) readOccurrences(*made);

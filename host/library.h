@@ -20,7 +20,7 @@ namespace vorn_3_1::host::detail {
 inline constexpr char positionalName[] = ".";
 
 /// The hidden first argument that switches the library's log on.
-inline constexpr char logSwitch[] = "vornoption=vornlogenable=1";
+inline constexpr std::string_view logSwitch = "vornoption=vornlogenable=1";
 
 /// What the library says to a typed name.
 struct Meaning {
@@ -87,7 +87,8 @@ private:
 
     void registerOption(const Record& record);
     void registerCommand(const Table& command);
-    IOption& registerNames(const char* names, const std::vector<std::string>& further,
+    /// `further` are synonyms, if there are any.
+    IOption& registerNames(const char* names, const std::vector<std::string>* further,
                            tamsu2::qel_variant_type_t type);
     void verifySynonyms();
     void refuseWhileInUse() const;

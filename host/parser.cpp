@@ -34,7 +34,7 @@ std::vector<detail::Argument> numbered(std::vector<std::string> texts) {
     std::vector<detail::Argument> arguments;
     arguments.reserve(texts.size());
     for (std::string& text : texts) {
-        if (text.find('\0') != std::string::npos) {
+        if (std::string_view(text).find('\0') != std::string_view::npos) {
             throw std::invalid_argument("vorn: an argument holds a NUL character, which no command line can");
         }
         arguments.push_back({std::move(text), 0, static_cast<int>(arguments.size() + 1)});
@@ -49,6 +49,7 @@ namespace detail {
 std::vector<std::string> textsOf(int argc, const char* const* argv) {
     std::vector<std::string> texts;
     if (argc > 0 && argv == nullptr) throw std::invalid_argument("vorn: argv is null");
+    if (argc > 1) texts.reserve(static_cast<std::size_t>(argc) - 1);
     for (int i = 1; i < argc; ++i) {
         if (argv[i] == nullptr) throw std::invalid_argument("vorn: an element of argv is null");
         texts.emplace_back(argv[i]);

@@ -84,15 +84,6 @@ void release(Table* root) {
     if (root != nullptr && --root->owners == 0) delete root;
 }
 
-std::string_view Table::keepJoined(std::string_view front, std::string_view text) {
-    const std::size_t size = front.size() + text.size();
-    char* kept = static_cast<char*>(memory.allocate(size + 1, 1));
-    front.copy(kept, front.size());
-    text.copy(kept + front.size(), text.size());
-    kept[size] = '\0';
-    return {kept, size};
-}
-
 unsigned Table::enter(std::string_view declared, std::string_view about, What what, const TypeFacts& type) {
     if (what < What::help) dropBuiltIns();
     constexpr std::size_t usual = 16;  // spares a parser of ordinary size all growing but one
@@ -173,7 +164,7 @@ void Table::enterName(std::string_view name, unsigned number) {
     if (isSwitch && name.substr(0, 3) == "no-")
         fail(name, "a switch of this name could only be switched off");
     enterForm(name, {number, false});
-    if (isSwitch) enterForm(keepJoined("no-", name), {number, true});
+    if (isSwitch) enterForm(kept.keep("no-", name), {number, true});
 }
 
 void Table::enterForm(std::string_view form, NameMeaning meaning) {

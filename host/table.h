@@ -4,11 +4,11 @@
 #define VORN_HOST_TABLE_H
 
 #include <memory>
-#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "kept_texts.h"
 #include "name_index.h"
 #include "text_parts.h"
 #include "vorn/host/key.h"
@@ -150,7 +150,7 @@ public:
     const Table* ownerOf(AnyKey key) const;
 
     /// A copy that lives as long as the table, with a NUL behind it.
-    std::string_view keep(std::string_view text) { return keepJoined(text, {}); }
+    std::string_view keep(std::string_view text) { return kept.keep(text, {}); }
     /// The command of this full name, or null.
     const NameMeaning* findCommand(std::string_view name) const { return commandNames.find(name); }
 
@@ -173,8 +173,8 @@ public:
     unsigned id;
     unsigned owners = 1;  ///< Of the outermost table: the parser and its results.
     Table* outer;
-    std::pmr::monotonic_buffer_resource memory;  ///< For the texts of records and the names.
-    std::string names;                           ///< The program's name; of a command, all of its names.
+    KeptTexts kept;     ///< Those of records and the names.
+    std::string names;  ///< The program's name; of a command, all of its names.
     std::string description;
     std::string versionText;
     std::string epilogue;
@@ -198,7 +198,6 @@ public:
 private:
     static constexpr unsigned long noChanges = static_cast<unsigned long>(-1);
 
-    std::string_view keepJoined(std::string_view front, std::string_view text);
     void enterNames(unsigned index);
     void enterName(std::string_view name, unsigned index);
     void enterForm(std::string_view form, NameMeaning meaning);

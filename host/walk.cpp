@@ -79,6 +79,7 @@ Walk::Walk(Table& walked, Over kind, std::vector<Argument> arguments, std::size_
     for (const Record& record : table.records) {
         if (record.isPositional()) wanted.push_back(&record);
     }
+    tokens.reserve(arguments.size());
     todo.reserve(arguments.size());
     done.reserve(arguments.size());
     for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
@@ -300,6 +301,8 @@ const Meaning& Walk::meaningOfNext() {
 void Walk::askAhead() {
     std::vector<std::string> names;
     std::vector<Pending*> asked;
+    names.reserve(todo.size());
+    asked.reserve(todo.size());
     for (auto next = todo.rbegin(); next != todo.rend() && !next->meaning; ++next) {
         const std::string& text = next->argument.text;
         const bool isOfOneSource = next->argument.source == todo.back().argument.source;
