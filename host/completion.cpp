@@ -157,7 +157,7 @@ private:
             for (const unsigned number : names.find(typed))
                 fitting.push_back(&forms[number]);
         }
-        for (const Form* form : worthShowing(std::move(fitting), typed.empty()))
+        for (const Form* form : worthShowing(fitting, typed.empty()))
             offerName(*form);
         if (found.candidates.size() == 1) offerBehindSign();
         if (!typed.empty()) decideListing(hyphens);
@@ -178,7 +178,8 @@ private:
     }
 
     /// The first name of each option that fits. Hidden ones only if nothing else fits what is typed.
-    static std::vector<const Form*> worthShowing(std::vector<const Form*> fitting, bool isNothingTyped) {
+    static std::vector<const Form*> worthShowing(const std::vector<const Form*>& fitting,
+                                                 bool isNothingTyped) {
         std::vector<const Form*> shown;
         std::vector<const Form*> hidden;
         for (const Form* form : fitting) {

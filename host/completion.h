@@ -43,7 +43,7 @@ struct BashLine {
 };
 
 /// `breaks` are the characters that also end what the shell replaces: "--size=1" is one word, of which it replaces "1".
-BashLine bashLine(std::string_view line, std::string_view breaks);
+BashLine bashLine(std::string_view text, std::string_view breaks);
 
 /// The text as it has to be written in bash, behind an open quote if there is one.
 std::string bashQuoted(std::string_view text, char quote);

@@ -56,8 +56,9 @@ std::vector<std::string> linesOf(const Record& record, const Values& values) {
     } else {
         for (const std::string& text : valueTexts(record, values)) {
             const bool isWritten = canStandInALine(text);
-            lines.push_back(isWritten ? "--" + name + "=" + text
-                                      : "# --" + name + " has a value that no settings can hold");
+            lines.push_back(isWritten
+                                ? detail::joined({"--", name, "=", text})
+                                : detail::joined({"# --", name, " has a value that no settings can hold"}));
         }
     }
     return lines;

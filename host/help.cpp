@@ -399,12 +399,12 @@ HelpPage Parser::page(const HelpStyle& style) const {
     return detail::helpPage(*table, style.showsAll, detail::GivenEnvironment(style.environment));
 }
 
-std::vector<OptionInfo> Parser::options(const std::vector<Variable>& variables) const {
+std::vector<OptionInfo> Parser::options(const std::vector<Variable>& environment) const {
     detail::sealWithOuter(*table);
-    const detail::GivenEnvironment environment(variables);
+    const detail::GivenEnvironment given(environment);
     std::vector<OptionInfo> all;
     for (unsigned i = 0; i < table->records.size(); ++i)
-        all.push_back(detail::infoOf(*table, i, environment));
+        all.push_back(detail::infoOf(*table, i, given));
     return all;
 }
 

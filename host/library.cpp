@@ -55,7 +55,7 @@ tamsu2::qel_variant_type_t libraryType(What what) {
 template <class T>
 class Hearing {
 public:
-    Hearing(T*& place, T& hearer) : heard(place) { heard = &hearer; }
+    Hearing(T*& place, T& hearer) : heard(place) { place = &hearer; }
     Hearing(const Hearing&) = delete;
     Hearing& operator=(const Hearing&) = delete;
     ~Hearing() { heard = nullptr; }

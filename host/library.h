@@ -44,10 +44,10 @@ struct LibraryArgument {
 /// if there is a value one call of `value` behind it.
 class Reader {
 public:
-    virtual void option(std::size_t argument) = 0;
-    virtual void value(std::size_t argument, std::string_view text, int position) = 0;
+    virtual void option(std::size_t number) = 0;
+    virtual void value(std::size_t number, std::string_view text, int position) = 0;
     /// The position of an occurrence without a value, after everything was read.
-    virtual void occurrence(std::size_t argument, int position) = 0;
+    virtual void occurrence(std::size_t number, int position) = 0;
 
 protected:
     ~Reader() = default;
@@ -57,7 +57,7 @@ class Library final : public EventHandler {
 public:
     /// Registers the options of the table and the global ones of outer tables, or the commands of the table.
     enum class Of { options, commands };
-    Library(Table& table, Of content);
+    Library(Table& declared, Of what);
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
     ~Library();

@@ -137,7 +137,7 @@ std::string rewritten(const Table& table, std::string_view argument) {
 }
 
 /// The argument without the secret in it.
-std::string harmless(const Table& table, std::string_view argument) {
+std::string withoutSecret(const Table& table, std::string_view argument) {
     const Setting setting = settingIn(table, argument);
     const bool isSecret = setting.record != nullptr && setting.record->isSecret && !setting.value.empty();
     if (!isSecret) return std::string(argument);
@@ -191,7 +191,7 @@ Error unknownOption(const Table& table, std::string_view argument, const JoinedL
                     bool isOnCommandLine) {
     const std::string_view typed = argument.substr(0, argument.find('='));
     const std::string_view name = withoutHyphens(typed);
-    Error error = unknownOption(harmless(table, typed));
+    Error error = unknownOption(withoutSecret(table, typed));
     error.candidates = nearestNames(name, typeableNames(table, beginsWith(name, "no")));
     constexpr std::size_t mostPieces = 6;
     std::string hint = rewritten(table, argument);
@@ -246,7 +246,7 @@ Error onlyOnCommandLine(const Record& record) {
 
 Error noOptionInSettings(const Table& table, std::string_view argument) {
     return mistake(Kind::tooManyArguments,
-                   joined({inQuotes(harmless(table, argument)),
+                   joined({inQuotes(withoutSecret(table, argument)),
                            " is no option, and settings hold nothing else", rewritten(table, argument)}));
 }
 

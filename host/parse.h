@@ -25,7 +25,7 @@ protected:
 
 class Parse final : private Reader {
 public:
-    Parse(Table& root, const Environment& environment);
+    Parse(Table& outermost, const Environment& variables);
 
     /// Everything from the arguments to the rules.
     void run(std::vector<Argument> arguments);
@@ -54,19 +54,19 @@ private:
     void enter(Table& table);
     void walkSettings(Table& table);
     void walkEnvironment(Table& table);
-    void addVariable(Table& table, unsigned index, const char* value, Stage& stage);
+    void addVariable(Table& table, unsigned index, const char* value, Stage& variables);
     Table* walkLine(Table& table, std::vector<Argument>& arguments);
     void addStage(Walk& walk, Table& table, unsigned rank);
-    void readStage(Stage& stage);
+    void readStage(Stage& read);
     void distribute(Table& table);
     void readPositional(const Record& record, unsigned index, const PositionalText& text);
     void applyRules(Table& table);
     void applyGroup(Level& level, const RuleGroup& group);
     void reportMissing(const Level& level);
 
-    void option(std::size_t argument) override;
-    void value(std::size_t argument, std::string_view text, int position) override;
-    void occurrence(std::size_t argument, int position) override;
+    void option(std::size_t number) override;
+    void value(std::size_t number, std::string_view text, int position) override;
+    void occurrence(std::size_t number, int position) override;
 
     Slot& slotFor(const Table& table, unsigned index, unsigned rank);
     void readTexts(const Record& record, std::string_view text, Slot& slot, Place place, std::size_t order,

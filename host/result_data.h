@@ -44,7 +44,7 @@ struct Slot {
 
 /// What was found for the options of one parser: the outermost one, or a chosen command.
 struct Level {
-    Table* table;
+    Table* table = nullptr;
     std::vector<std::unique_ptr<Slot>> slots;  ///< One for each record; null if nothing was given.
 
     Slot* slot(unsigned index) const { return index < slots.size() ? slots[index].get() : nullptr; }
@@ -54,7 +54,7 @@ struct Level {
 
 class ResultData {
 public:
-    explicit ResultData(Table& root);
+    explicit ResultData(Table& outermost);
     ResultData(const ResultData&) = delete;
     ResultData& operator=(const ResultData&) = delete;
     ~ResultData();

@@ -44,17 +44,17 @@ struct NearText {
 };
 
 /// Lets each typed word stand for one of the name's words, in their order, with the fewest wrong letters. A small table
-/// over (typed words, words), as distance() has one over letters.
-unsigned alignWords(const std::vector<std::string_view>& typed, const std::vector<std::string_view>& words,
+/// over (typed words, own words), as distance() has one over letters.
+unsigned alignWords(const std::vector<std::string_view>& typed, const std::vector<std::string_view>& own,
                     unsigned most) {
     const unsigned far = most + 1;
-    std::vector<unsigned> best(words.size() + 1, 0);
+    std::vector<unsigned> best(own.size() + 1, 0);
     for (const std::string_view word : typed) {
-        std::vector<unsigned> next(words.size() + 1, far);
-        for (std::size_t k = 0; k < words.size(); ++k) {
+        std::vector<unsigned> next(own.size() + 1, far);
+        for (std::size_t k = 0; k < own.size(); ++k) {
             // Of a short word nothing may be wrong, or it would stand for any other.
             const unsigned mostOfWord = std::min(most, toleranceFor(word.size()));
-            const unsigned wrong = best[k] > most ? far : wordDistance(word, words[k], mostOfWord);
+            const unsigned wrong = best[k] > most ? far : wordDistance(word, own[k], mostOfWord);
             const unsigned standing = wrong > mostOfWord ? far : best[k] + wrong;
             next[k + 1] = std::min({next[k], standing, far});
         }

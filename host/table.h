@@ -51,11 +51,11 @@ struct Record {
     std::string_view names;  ///< As declared; the table keeps the text, with a NUL behind it.
     std::string_view description;
     std::string_view group;  ///< The heading in help.
-    const TypeFacts* type;
+    const TypeFacts* type = nullptr;
     Owned<Details> details;  ///< Null at first.
     unsigned atLeast = 0;    ///< Of a positional argument that takes the rest.
-    What what;
-    Completion completion;
+    What what = What::option;
+    Completion completion = Completion::nothing;
     char separator = '\0';  ///< Of a list; NUL where the text is one value.
     bool isRepeated = false;
     bool isRequired = false;
@@ -111,14 +111,14 @@ class Library;
 
 class Table {
 public:
-    Table(std::string_view names, std::string_view description, Table* outer);
+    Table(std::string_view tableNames, std::string_view about, Table* outside);
     Table(const Table&) = delete;
     Table& operator=(const Table&) = delete;
     ~Table();
 
     /// Enters a declaration. Throws RegistrationError, with the table as it was.
-    unsigned enter(std::string_view names, std::string_view description, What what, const TypeFacts& type);
-    Table& enterCommand(std::string_view names, std::string_view description);
+    unsigned enter(std::string_view declared, std::string_view about, What what, const TypeFacts& type);
+    Table& enterCommand(std::string_view declared, std::string_view about);
 
     /// Enters a rule for several options. Throws RegistrationError for keys of other parsers.
     void enterGroup(std::initializer_list<AnyKey> keys, bool needsOne);
@@ -128,7 +128,7 @@ public:
 
     /// Called after each change of a record: throws at once if it contradicts itself, but not for a command, which is
     /// looked at when it is chosen.
-    void recheck(unsigned index);
+    void recheck(unsigned number);
 
     /// Makes the table ready for parsing: enters help and version, and for a command all names. Throws
     /// RegistrationError for what is wrong with the whole.
@@ -142,7 +142,7 @@ public:
     /// The same with the names of positional arguments, which go before help and version.
     const NameMeaning* findDeclared(std::string_view name) const;
     /// Enters a further name, whose text the record keeps. Throws if it is taken or nobody could type it.
-    void enterSynonym(std::string_view name, unsigned index);
+    void enterSynonym(std::string_view name, unsigned number);
 
     /// The record that a key names. Throws RegistrationError if the key is another parser's.
     unsigned indexOf(AnyKey key, const char* use) const;
@@ -198,14 +198,14 @@ public:
 private:
     static constexpr unsigned long noChanges = static_cast<unsigned long>(-1);
 
-    void enterNames(unsigned index);
-    void enterName(std::string_view name, unsigned index);
+    void enterNames(unsigned number);
+    void enterName(std::string_view name, unsigned number);
     void enterForm(std::string_view form, NameMeaning meaning);
     void enterBuiltIns();
     void dropBuiltIns();
     void checkRecord(const Record& record) const;
     void checkGroup(const RuleGroup& rule) const;
-    void checkNeeds(unsigned index) const;
+    void checkNeeds(unsigned number) const;
     void checkGlobalName(const std::string& name, bool isSwitch) const;
     bool isTaken(std::string_view name) const;
     void examineAll(std::vector<std::string>* faults);

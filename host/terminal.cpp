@@ -23,6 +23,7 @@ std::string_view variable(const char* name) {
 
 unsigned terminalColumns() {
     winsize size = {};
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): there is no other way
     return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 

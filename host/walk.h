@@ -53,8 +53,8 @@ class Walk {
 public:
     enum class Over { settings, commandLine };
 
-    /// `order` is that of the first argument among all that are read; see Findings.
-    Walk(Table& table, Over over, std::vector<Argument> arguments, std::size_t order, Findings& findings);
+    /// `first` is the order of the first argument among all that are read; see Findings.
+    Walk(Table& walked, Over kind, std::vector<Argument> arguments, std::size_t first, Findings& found);
 
     void run();
 

@@ -32,7 +32,7 @@ struct Type<std::chrono::duration<Rep, Period>> {
 
     static std::string read(std::string_view text, Duration& value) {
         long long nanoseconds = 0;
-        const std::string reason = detail::readDuration(text, nanoseconds);
+        std::string reason = detail::readDuration(text, nanoseconds);
         if (!reason.empty()) return reason;
         if constexpr (isFraction) {
             value = std::chrono::duration_cast<Duration>(std::chrono::nanoseconds(nanoseconds));

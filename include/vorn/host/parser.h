@@ -188,7 +188,7 @@ private:
     detail::Declaration declare(Text names, Text description, detail::What what,
                                 const detail::TypeFacts& type);
     explicit Parser(detail::Table& command);
-    Outcome parse(std::vector<std::string> arguments, const detail::Environment& environment);
+    Outcome parse(std::vector<std::string> texts, const detail::Environment& environment);
 
     detail::Table* table;
     bool isOwner;  ///< Commands belong to their outer parser.

@@ -23,7 +23,7 @@ class Parser;
 template <class T>
 struct Given {
     T value;
-    int position;  ///< Rises along the command line; items of a list share the one of their text.
+    int position = 0;  ///< Rises along the command line; items of a list share the one of their text.
     Origin origin;
 };
 

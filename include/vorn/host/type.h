@@ -130,7 +130,7 @@ public:
         if constexpr (isTaught<T>) {
             return Type<T>::show(items[index]);
         } else {
-            return std::string();  // likewise
+            return {};  // likewise
         }
     }
 };
