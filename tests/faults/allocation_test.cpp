@@ -301,35 +301,8 @@ private:
     int base = 0;  // of the positions shown: the first one found; 0 until then
 };
 
-/// Fails one allocation after the other, first alone and then with all later ones, until there are no more.
-template <class Life>
-void failEachAllocation(Life life) {
-    std::streambuf* const output = std::cout.rdbuf(nullptr);
-    std::streambuf* const errors = std::cerr.rdbuf(nullptr);
-    Texts outcomes;
-    life(Host(outcomes));
-    const Setting disturbed(memory.mayFail, true);
-    unsigned points = 0;
-    for (const bool isLasting : {false, true}) {
-        memory.isLasting = isLasting;
-        memory.failures = 1;
-        for (unsigned failing = 1; memory.failures > 0 && !testing::Test::HasFailure();
-             failing += requestsBetween) {
-            memory.countdown = failing;
-            memory.failures = 0;
-            const std::size_t before = memory.live;
-            life(Host(outcomes));
-            EXPECT_EQ(memory.live, before);
-            EXPECT_FALSE(testing::Test::HasFailure()) << "request " << failing << ", lasting: " << isLasting;
-            if (memory.failures > 0) ++points;
-        }
-    }
-    std::cout.rdbuf(output);
-    std::cerr.rdbuf(errors);
-    std::cout << "points of failure: " << points << std::endl;
-}
-
-void parseAll(Host& host, const Texts& commandLines) {
+void parseAll(Texts& outcomes, const Texts& commandLines) {
+    Host host(outcomes);
     undisturbed([&] { host.start(false); });
     host.parse(commandLines);
     host.ask();
@@ -339,7 +312,8 @@ void parseAll(Host& host, const Texts& commandLines) {
 }  // namespace
 
 TEST(AllocationFailure, inARegistrationHasItsDocumentedOutcomeAndPasses) {
-    failEachAllocation([](Host host) {
+    failEachAllocation([](Texts& outcomes) {
+        Host host(outcomes);
         host.start(true);
         undisturbed([&] { host.parse({lines[0]}); });
         host.end();
@@ -347,7 +321,7 @@ TEST(AllocationFailure, inARegistrationHasItsDocumentedOutcomeAndPasses) {
 }
 
 TEST(AllocationFailure, inAParseOrQueryHasItsDocumentedOutcomeAndPasses) {
-    failEachAllocation([](Host host) { parseAll(host, lines); });
+    failEachAllocation([](Texts& outcomes) { parseAll(outcomes, lines); });
 }
 
 TEST(AllocationFailure, isNotMistakenForABadNumberUnderAnotherLocale) {
@@ -358,7 +332,7 @@ TEST(AllocationFailure, isNotMistakenForABadNumberUnderAnotherLocale) {
     for (const std::locale& other : {std::locale(std::locale::classic(), new Grouping),
                                      std::locale(std::locale::classic(), "C.utf8", std::locale::numeric)}) {
         const std::locale before = std::locale::global(other);
-        failEachAllocation([](Host host) { parseAll(host, {lines[0], lines[1]}); });
+        failEachAllocation([](Texts& outcomes) { parseAll(outcomes, {lines[0], lines[1]}); });
         std::locale::global(before);
     }
 }

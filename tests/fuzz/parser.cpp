@@ -7,10 +7,10 @@
 //     @s @a @d @t @p                  its synonym, allowed value, default value, separator, positional flag
 //     @+ 1  @- 1  !v  !x              adds (or, when it is there, removes) an actor, removes it; vetoes, throws
 //     @> @<                           parses the arguments since the last parse, as a vector or as a text
-//     @? 3 7                          queries between two positions, counted from the first one shown
+//     @? 3 7                          queries between two positions, counted from the first value
+//     @h                              shows all help
 //
-// Making a parser costs more than parsing a few arguments, so kept tables are used many times over. What takes even
-// longer, a second host that has to see the same, help and the rules of matching, is left to some of the inputs.
+// Making a parser costs more than parsing a few arguments, so kept tables are used many times over.
 #include <algorithm>
 #include <climits>
 #include <cstddef>
@@ -27,7 +27,6 @@
 #include <stdexcept>
 #include <streambuf>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "support/plain_rules.h"
@@ -39,19 +38,11 @@ using vorn_tests::Texts;
 
 namespace {
 
-const char* const logSwitch = "vornoption=vornlogenable=1";
-
 struct Known {
     Texts names;
     int type = 0;
     bool isPositional = false;
     bool isLate = false;  // got a synonym after a parse, and earlier occurrences do not stand under it
-
-    bool answersTo(const std::string& name) const {
-        return std::ranges::any_of(names, [&](const std::string& own) {
-            return own == name || (type == tamsu2::qel_bool && "no-" + own == name);
-        });
-    }
 };
 
 struct Given {
@@ -241,15 +232,10 @@ Table& tableFor(const char* firstLine) {
 /// One run of a script. It is the first handler itself, and sees every event before the actors do.
 class Session : public EventHandler {
 public:
-    /// A watched session is recorded; another one has the log on instead, which must make no difference.
-    Session(const Lines& script, Table& declared, bool watched, bool full)
-        : isWatched(watched),
-          isFull(full),
-          isKept(keptNumber(script[0]) < keptCount),
-          table(declared),
-          parser(declared.parser) {
+    Session(const Lines& script, Table& declared)
+        : isKept(keptNumber(script[0]) < keptCount), table(declared), parser(declared.parser) {
         require(parser->createResult(&result) == 0, "a result is made");
-        if (isWatched) parser->addHandler(this);
+        parser->addHandler(this);
         for (Actor& actor : actors)
             actor.session = this;
         for (const char* line : script) {
@@ -260,7 +246,7 @@ public:
             if (*line != '@' && *line != '!') arguments.push_back(line);
         }
         parse(false);
-        if (!isFull && isWatched) checkStored();
+        checkStored();
     }
     Session(const Session&) = delete;
     ~Session() {
@@ -270,20 +256,8 @@ public:
         result->destroy();
     }
 
-    /// What takes longer.
-    void checkFurther() {
-        checkHelp(false);
-        checkHelp(true);
-        inEvents.clear();
-        for (const char* argument : isWatched ? allArguments : Lines())
-            checkMatching(argument);
-    }
-
-    std::string report;  // what every host sees; positions count from the first one
-
     bool onOptionParse(const char* name) override {
         commit();
-        if (isFull) events.push_back(std::string(":") + name);
         announced = name;
         isAnnounced = true;
         return true;
@@ -293,12 +267,12 @@ public:
         require(value.position > lastPosition, "positions rise");
         require(isAnnounced && announced == name, "a value belongs to the option announced last", name);
         lastPosition = value.position;
+        if (origin == 0) origin = lastPosition;
         pending.push_back(value.position);
         return true;
     }
-    bool onUknownArgument(const char* argument) override {
+    bool onUknownArgument(const char*) override {
         commit();
-        if (isFull) events.push_back(std::string("?") + argument);
         return true;
     }
 
@@ -342,6 +316,7 @@ private:
         if (action == '-' && parser->removeHandler(&actor))
             require(!parser->removeHandler(&actor), "it is gone");
         if ((action == '>' || action == '<') && !isParsing) parse(action == '<');
+        if (action == 'h') checkHelp();
         int low = 0;
         int high = 0;
         if (action == '?' && std::sscanf(text, "%9d %9d", &low, &high) == 2)
@@ -350,17 +325,12 @@ private:
 
     void parse(bool asText) {
         const std::string before = parser->getErrorDesc();
-        if (isFull) allArguments.insert(allArguments.end(), arguments.begin(), arguments.end());
         std::string text;
-        for (const char* argument : asText || !isWatched ? arguments : Lines())
+        for (const char* argument : arguments)
             text.append(argument).append("\n");
-        if (!isWatched && text.find(logSwitch) == text.npos) {
-            arguments.insert(arguments.begin(), logSwitch);
-            text.insert(0, std::string(logSwitch) + "\n");
-        }
         hasThrown = false;
         table.hasParsed = isParsing = true;
-        const int code = asText ? parser->parseStream(text.c_str(), result) : parseVector(arguments, result);
+        const int code = asText ? parser->parseStream(text.c_str(), result) : parseVector();
         isParsing = false;
         arguments.clear();
         const std::string error = parser->getErrorDesc();
@@ -369,41 +339,26 @@ private:
         // The occurrence that failed is announced and not stored.
         if (code != 0 && (error.starts_with("Value ") || hasThrown)) isAnnounced = false;
         commit();
-        report += std::to_string(code) + ' ' + (code == 0 ? "" : error) + '\n';
-        if (!isFull) return;
-        query(0, INT_MAX);
-        if (isWatched) checkStored();
     }
 
-    int parseVector(const Lines& list, IParseResult* target) {
+    int parseVector() {
         char host[] = "host";
         std::vector<char*> argv{host};
-        for (const char* argument : list)
+        for (const char* argument : arguments)
             argv.push_back(const_cast<char*>(argument));
-        return parser->parseArgsVector(static_cast<int>(argv.size()), argv.data(), target);
+        return parser->parseArgsVector(static_cast<int>(argv.size()), argv.data(), result);
     }
 
     void query(int low, int high) {
-        const auto number = [this](int position) {
-            return position - (origin = origin == 0 ? position : origin);
-        };
         for (const Known& option : table.options) {
             for (const std::string& name : option.names) {
-                report += name + (result->present(name.c_str(), low, high) ? " +" : " -");
-                int at = INT_MAX;
+                int last = INT_MAX;
                 Value value = result->get(name.c_str(), low, high);
-                for (; value.status == 0; value = result->next(nullptr)) {
-                    at = value.position;
-                    report.append(" [").append(value.text == nullptr ? "" : value.text).append("] ");
-                    report += std::to_string(number(at));
-                }
-                require(getLastValue(result, name.c_str(), low, high).position == at, "the last is last");
-                report += '\n';
+                for (; value.status == 0; value = result->next(nullptr))
+                    last = value.position;
+                require(getLastValue(result, name.c_str(), low, high).position == last, "the last is last");
             }
         }
-        const char* text = nullptr;
-        for (int code = result->getFirstArgument(&text); code == 0; code = result->getNextArgument(&text))
-            report.append("<").append(text).append(">\n");
     }
 
     void checkStored() {
@@ -432,9 +387,9 @@ private:
         require(areRising, "positions rise", name);
     }
 
-    void checkHelp(bool hidden) {
-        std::string help = parser->getDescription(hidden);
-        report += help;
+    void checkHelp() {
+        std::string help = parser->getDescription(false);
+        help += parser->getDescription(true);
         while (!help.empty()) {
             const std::string line = vorn_tests::cutAt('\n', help);
             const bool isDescription = line.starts_with(std::string(30, ' '));
@@ -444,55 +399,14 @@ private:
         }
     }
 
-    // Which option a rehearsal takes the argument for.
-    void checkMatching(const std::string& argument) {
-        if (argument.size() < 2 || argument[0] != '-' || argument == "--") return;
-        const std::size_t hyphens = argument.size() > 2 && argument[1] == '-' ? 2 : 1;
-        const std::string typed = argument.substr(0, argument.find('=')).substr(hyphens);
-        Texts candidates;
-        for (const Known& option : table.options) {
-            for (const std::string& name : option.names) {
-                candidates.push_back(name);
-                if (option.type == tamsu2::qel_bool) candidates.push_back("no-" + name);
-            }
-        }
-        const Texts best = vorn_tests::bestMatches(typed, candidates);
-        events.clear();
-        const int code = parseVector({argument.c_str()}, nullptr);
-        const std::string error = parser->getErrorDesc();
-        const std::string event = events.empty() ? "" : events[0];
-        if (best.size() > 1) {
-            const std::string expected = vorn_tests::tieError(typed, argument, best);
-            require(code == 2 && error == expected.c_str() && events.empty(), "ties are reported", expected);
-            return;
-        }
-        const auto taker = std::ranges::find_if(table.options, [&](const Known& option) {
-            if (best.empty()) return option.isPositional && (table.flags & hyphenNotPositional) == 0;
-            return option.answersTo(best[0]);
-        });
-        if (taker == table.options.end()) {
-            require(event == "?" + argument && code == (table.flags & unknownIsError), "nobody takes it",
-                    argument);
-        } else if (taker->names.empty()) {
-            require(code == 4, "a nameless option cannot be announced");
-        } else {
-            const std::string name = taker->names[0];
-            require(event == ":" + name || (event.empty() && error.starts_with("Option '" + name)),
-                    "the best match takes it", argument + " not taken by " + name);
-        }
-    }
-
-    const bool isWatched;
-    const bool isFull;
     const bool isKept;
     Table& table;
     IParser* const parser;
     IParseResult* result = nullptr;
-    int origin = 0;  // the first position that a query has shown
+    int origin = 0;  // the first position of a value
     Actor actors[3];
-    Lines inEvents, arguments, allArguments;
+    Lines inEvents, arguments;
     std::size_t nextInEvents = 0;
-    Texts events;
     bool isParsing = false;
     bool hasThrown = false;
     bool isAnnounced = false;  // an occurrence that is not yet known to be stored
@@ -521,15 +435,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         script.push_back(&character + 1);
     }
     if (*script.back() == '\0' && script.size() > 1) script.pop_back();
-    const std::string_view input(reinterpret_cast<const char*>(data), size);
-    const bool isFull = std::hash<std::string_view>()(input) % vorn_tests::fullEvery == 0;
-    Session watched(script, tableFor(script[0]), true, isFull);
-    if (!isFull) return 0;
-    watched.checkFurther();
-    const std::unique_ptr<Table> another = makeTable(script[0]);
-    Session logged(script, *another, false, true);
-    logged.checkFurther();
-    require(watched.report == logged.report, "two parsers alike behave alike",
-            watched.report + "---\n" + logged.report);
+    const Session session(script, tableFor(script[0]));
     return 0;
 }

@@ -18,6 +18,13 @@ namespace {
 
 using vorn_tests::AnyTool;
 
+/// Of how many inputs one is looked at in full: every one of those that are played back.
+#ifdef VORN_FUZZ
+constexpr std::size_t fullEvery = 128;
+#else
+constexpr std::size_t fullEvery = 1;
+#endif
+
 /// Tools are kept, since making one takes longer than using it. Their parsers keep texts of errors, so they are thrown
 /// away now and then.
 AnyTool& toolFor(unsigned number) {
@@ -57,7 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The first one may be the library's own: it switches on the log, and no option is given it.
     if (!given.arguments.empty() && given.arguments[0].starts_with("vornoption=vornlogenable="))
         given.arguments.erase(given.arguments.begin());
-    given.isFull = std::hash<std::string_view>()(input) % vorn_tests::fullEvery == 0;
+    given.isFull = std::hash<std::string_view>()(input) % fullEvery == 0;
     const std::string broken = toolFor(number).brokenRule(given);
     vorn_tests::require(broken.empty(), broken.c_str());
     return 0;

@@ -1,10 +1,16 @@
-// Replaces the allocation functions of the test that includes it: what lives is counted, and requests may fail.
+// Replaces the allocation functions of the test that includes it: what lives is counted, and requests may fail, each
+// in turn.
 #ifndef VORN_TESTS_SUPPORT_HEAP_H
 #define VORN_TESTS_SUPPORT_HEAP_H
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <cstdlib>
+#include <iostream>
 #include <new>
+#include <string>
+#include <vector>
 
 #include "support/checked_build.h"
 
@@ -63,6 +69,37 @@ void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
+}
+
+/// Lives a life undisturbed, to fill in its outcomes. Then fails one allocation after the other, first alone and then
+/// with all later ones, until there are no more.
+template <class Life>
+void failEachAllocation(Life life) {
+    std::streambuf* const output = std::cout.rdbuf(nullptr);
+    std::streambuf* const errors = std::cerr.rdbuf(nullptr);
+    std::vector<std::string> outcomes;
+    memory.failures = 0;
+    life(outcomes);
+    memory.mayFail = true;
+    unsigned points = 0;
+    for (const bool isLasting : {false, true}) {
+        memory.isLasting = isLasting;
+        memory.failures = 1;
+        for (unsigned failing = 1; memory.failures > 0 && !testing::Test::HasFailure();
+             failing += requestsBetween) {
+            memory.countdown = failing;
+            memory.failures = 0;
+            const std::size_t before = memory.live;
+            life(outcomes);
+            EXPECT_EQ(memory.live, before);
+            EXPECT_FALSE(testing::Test::HasFailure()) << "request " << failing << ", lasting: " << isLasting;
+            if (memory.failures > 0) ++points;
+        }
+    }
+    memory.mayFail = false;
+    std::cout.rdbuf(output);
+    std::cerr.rdbuf(errors);
+    std::cout << "points of failure: " << points << std::endl;
 }
 
 #endif

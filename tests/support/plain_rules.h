@@ -26,13 +26,6 @@ inline void require(bool holds, const char* rule, const std::string& detail = ""
     std::abort();
 }
 
-/// Of how many inputs one is looked at in full: every one of those that are played back.
-#ifdef VORN_FUZZ
-constexpr std::size_t fullEvery = 128;
-#else
-constexpr std::size_t fullEvery = 1;
-#endif
-
 /// Every text over the alphabet up to a length, shorter ones first.
 inline Texts allTexts(const std::string& alphabet, std::size_t longest) {
     Texts texts{""};
