@@ -117,13 +117,17 @@ void* useLittleStack(void*) {
     Cli cli(unknownIsError);
     Cli others[2];
     std::string name;
-    for (unsigned i = 0; i < 20000; ++i)
+    for (unsigned i = 0; i < 80000; ++i)
         name += "word-";
     for (const char* end : {"last", "longer", "lasting"})
         cli.option((name + end).c_str(), qel_empty);
+    for (unsigned i = 0; i < 70; ++i)  // so many that they are brought in order on the way
+        cli.option(("other-name" + std::to_string(i)).c_str(), qel_empty);
     std::string typed = "-w";
-    typed.append(20000, '-');
-    EXPECT_EQ(cli.parse(typed + "lo"), "0");
+    typed.append(80000, '-');
+    for (unsigned i = 0; i < 40; ++i)
+        EXPECT_EQ(cli.parse(typed + "lo"), "0");
+    EXPECT_EQ(cli.occurrences((name + "longer").c_str()).size(), 40u);
     EXPECT_EQ(cli.parse(typed + "la").substr(0, 11), "2 Ambiguous");
     EXPECT_EQ(cli.parse(typed + "l-").substr(0, 9), "2 Unknown");
     cli.option("n");
