@@ -1,8 +1,5 @@
 // What a tool answers to a shell's script, in the words of its answers: a line with the kind and what stands in front of a
 // path, then one for each candidate. What the shells make of it is tested with the shells themselves.
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include "host/fixture.h"
 
 namespace {
@@ -20,26 +17,14 @@ void declare(host::Parser& parser) {
     (void)parser.addPositional<std::string>("last", "").allow("most");
 }
 
-struct Printed {
-    std::string text;
-    int code;
-};
-
-/// Runs parseOrExit in a process of its own.
-Printed print(host::Parser& parser, std::vector<const char*> arguments) {
+/// Runs parseOrExit in a process of its own, whose errors stand in its output.
+Ended print(host::Parser& parser, std::vector<const char*> arguments) {
     arguments.insert(arguments.begin(), "tool");
-    const TemporaryFile output("");
-    std::fflush(stdout);  // or the child would write it, too
-    const pid_t child = fork();
-    if (child == 0) {
-        const bool isOpen = std::freopen(output.path.c_str(), "w", stdout) != nullptr;
-        if (!isOpen || dup2(STDOUT_FILENO, STDERR_FILENO) < 0) _exit(99);
+    const auto run = [&] {
         const host::Result result = parser.parseOrExit(static_cast<int>(arguments.size()), arguments.data());
-        std::exit(3);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return {contentOf(output.path), WEXITSTATUS(status)};
+        return 3;
+    };
+    return endOf(run, [] { dup2(STDOUT_FILENO, STDERR_FILENO); });
 }
 
 struct Case {
@@ -52,7 +37,7 @@ void expectAnswers(host::Parser& parser, const Case (&cases)[count]) {
     for (const Case& each : cases) {
         std::vector<const char*> arguments = {"--completion", "answer", "fish"};
         arguments.insert(arguments.end(), each.words.begin(), each.words.end());
-        EXPECT_EQ(print(parser, arguments).text, each.answer)
+        EXPECT_EQ(print(parser, arguments).output, each.answer)
             << each.words.front() << "..." << each.words.back();
     }
 }
@@ -187,11 +172,7 @@ TEST(Completion, showsAFunctionWhatStandsInFront) {
         {{"--store=x", "rem", "--kind", "y", "--bogus", "id", "a"}, "words\t\n.\tax-y\t\n"},
         {{"--store=x", "help", "rem", ""}, "words\t\n.\tx-any\t\n"},
     };
-    for (const Case& each : cases) {
-        std::vector<const char*> arguments = {"--completion", "answer", "fish"};
-        arguments.insert(arguments.end(), each.words.begin(), each.words.end());
-        EXPECT_EQ(print(parser, arguments).text, each.answer) << each.words.front();
-    }
+    expectAnswers(parser, cases);
 }
 
 TEST(Completion, cutsALineAsBashDoes) {
@@ -220,7 +201,8 @@ TEST(Completion, cutsALineAsBashDoes) {
         {"tool --out-x:", "y\n"},
     };
     for (const auto& each : cases) {
-        const std::string answer = print(parser, {"--completion", "answer", "bash", each.line, breaks}).text;
+        const std::string answer =
+            print(parser, {"--completion", "answer", "bash", each.line, breaks}).output;
         std::size_t begin = 0;
         for (int lines = 0; lines < 3; ++lines)
             begin = answer.find('\n', begin) + 1;
@@ -236,17 +218,18 @@ TEST(Completion, leavesToBashWhatStandsInFrontOfAPath) {
         const char* answer;
     } cases[] = {{" =", "files\na,\nb\n"}, {" ", "files\n--parts=a,\nb\n"}, {" =,", "files\n\nb\n"}};
     for (const auto& each : cases)
-        EXPECT_EQ(print(parser, {"--completion", "answer", "bash", "tool --parts=a,b", each.breaks}).text,
+        EXPECT_EQ(print(parser, {"--completion", "answer", "bash", "tool --parts=a,b", each.breaks}).output,
                   each.answer);
 }
 
 TEST(Completion, isAskedForInFullAndFirstOnly) {
     host::Parser parser("my-tool");
     parser.add<int>("complete-all", "");
-    EXPECT_EQ(print(parser, {"--completion", "zsh"}).text.substr(0, 16), "#compdef my-tool");
-    EXPECT_EQ(print(parser, {"--completion=bash"}).text.substr(0, 34), "# Completion of my-tool for bash: ");
-    EXPECT_EQ(print(parser, {"--completion=zsh"}).text.substr(0, 16), "#compdef my-tool");
-    EXPECT_EQ(print(parser, {"--completion"}).text,
+    EXPECT_EQ(print(parser, {"--completion", "zsh"}).output.substr(0, 16), "#compdef my-tool");
+    EXPECT_EQ(print(parser, {"--completion=bash"}).output.substr(0, 34),
+              "# Completion of my-tool for bash: ");
+    EXPECT_EQ(print(parser, {"--completion=zsh"}).output.substr(0, 16), "#compdef my-tool");
+    EXPECT_EQ(print(parser, {"--completion"}).output,
               "my-tool: '--completion' takes the name of a shell: bash, zsh or fish\n");
     EXPECT_EQ(print(parser, {"--completion", "csh"}).code, 2);
     EXPECT_EQ(print(parser, {"--comp-a", "1", "--completion", "zsh"}).code, 2);
@@ -255,8 +238,8 @@ TEST(Completion, isAskedForInFullAndFirstOnly) {
     EXPECT_EQ(print(parser, {"--completion=answer"}).code, 2);
     for (const std::vector<const char*>& few :
          {std::vector<const char*>{"--completion", "answer"}, {"--completion", "answer", "bash"}})
-        EXPECT_EQ(print(parser, few).text, "");  // a shell's script never asks so
-    EXPECT_EQ(print(parser, {"--completion", "answer", "bash", "tool --comp"}).text, "words\t\n");
+        EXPECT_EQ(print(parser, few).output, "");  // a shell's script never asks so
+    EXPECT_EQ(print(parser, {"--completion", "answer", "bash", "tool --comp"}).output, "words\t\n");
     EXPECT_EQ(print(parser, {}).code, 3);
 
     parser.completion("shell-words");
@@ -280,7 +263,7 @@ TEST(Completion, scriptsQuoteTheNamesThatNeedIt) {
     };
     for (const auto& each : cases) {
         host::Parser parser(each.program);
-        const std::string script = print(parser, {"--completion", "fish"}).text;
+        const std::string script = print(parser, {"--completion", "fish"}).output;
         EXPECT_EQ(script.substr(script.rfind("complete -c")), each.line);
     }
 }

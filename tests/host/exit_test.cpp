@@ -1,6 +1,4 @@
 // How a process ends: what it writes, where, and its exit code.
-#include <sys/wait.h>
-#include <unistd.h>
 #include <csignal>
 
 #include "host/fixture.h"
@@ -43,34 +41,14 @@ int runUnhelpfulTool(const Texts& typed) {
     return 7;
 }
 
-/// "code|output|errors" of a process of its own. A signal's number is negative.
-std::string ended(const Texts& typed, const char* output = nullptr, bool ignoresPipe = false,
-                  int (*tool)(const Texts&) = runTool) {
-    const TemporaryFile outputFile("");
-    const TemporaryFile errorFile("");
-    const std::string target = output != nullptr ? output : outputFile.path;
-    const pid_t child = fork();
-    if (child == 0) {
-        if (target == "closed pipe") {
-            int ends[2];
-            if (pipe(ends) != 0) _exit(99);
-            close(ends[0]);
-            dup2(ends[1], 1);
-            if (ignoresPipe) std::signal(SIGPIPE, SIG_IGN);
-        } else if (target == "closed") {
-            close(1);
-        } else if (std::freopen(target.c_str(), "w", stdout) == nullptr) {
-            _exit(98);
-        }
-        if (std::freopen(errorFile.path.c_str(), "w", stderr) == nullptr) _exit(97);
-        std::exit(tool(typed));
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-    std::string written = contentOf(outputFile.path);
-    if (written.compare(0, 6, "Usage:") == 0) written = written.substr(0, written.find('\n'));
-    return std::to_string(code) + "|" + written + "|" + contentOf(errorFile.path);
+/// "code|output|errors" of a process of its own, of help the first line alone.
+template <class Prepare = void (*)()>
+std::string ended(
+    const Texts& typed, int (*tool)(const Texts&) = runTool, Prepare prepareOutput = [] {}) {
+    const Ended how = endOf([&] { return tool(typed); }, prepareOutput);
+    const bool isHelp = how.output.compare(0, 6, "Usage:") == 0;
+    return std::to_string(how.code) + "|" +
+           (isHelp ? how.output.substr(0, how.output.find('\n')) : how.output) + "|" + how.errors;
 }
 
 TEST(Exit, tellsHowItWent) {
@@ -79,7 +57,7 @@ TEST(Exit, tellsHowItWent) {
     const std::string hint = "Try 'too\\x1Bl --help'.\n";
     const struct {
         Texts typed;
-        std::string ended;  // the first line of help alone
+        std::string ended;
     } rows[] = {
         {{"run"}, "7|ran with nothing|"},
         {{"--new=x", "run", "a", "--help", "--version"}, "7|ran with x|"},  // untouched
@@ -110,10 +88,10 @@ TEST(Exit, tellsHowItWent) {
                            {"run", "-h"}, {"help"}, {"help", "do"}};
     for (const Texts& typed : helps)
         EXPECT_EQ(ended(typed).substr(0, help.size()), help) << joined(typed);
-    const auto unhelpful = [](const Texts& typed) { return ended(typed, nullptr, false, runUnhelpfulTool); };
-    EXPECT_EQ(unhelpful({"--help", "do", "--old=1", "--old=0"}), "7||tool: warning: '--old' is deprecated\n");
-    EXPECT_EQ(unhelpful({"-x", "do"}), "2||tool: unknown option '-x'\n");  // nothing that could be tried
-    EXPECT_EQ(unhelpful({"do", "-x"}), "2||tool: unknown option '-x'\n");
+    EXPECT_EQ(ended({"--help", "do", "--old=1", "--old=0"}, runUnhelpfulTool),
+              "7||tool: warning: '--old' is deprecated\n");
+    for (const Texts& typed : {Texts{"-x", "do"}, Texts{"do", "-x"}})  // nothing that could be tried
+        EXPECT_EQ(ended(typed, runUnhelpfulTool), "2||tool: unknown option '-x'\n");
     setenv("VORN_TEST_NEW", "from outside", 1);
     EXPECT_EQ(ended({"run"}), "7|ran with from outside|");  // reads the process's environment
     unsetenv("VORN_TEST_NEW");
@@ -139,24 +117,25 @@ struct Early {
 } early;
 
 TEST(Exit, leavesObjectsOfTheHostUsable) {
-    const pid_t child = fork();
-    if (child == 0) {
-        early.isTried = true;
-        std::exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 5) << status;
+    EXPECT_EXIT((early.isTried = true, std::exit(0)), testing::ExitedWithCode(5), "");
 }
 
 TEST(Exit, saysThatOutputCannotBeWritten) {
+    const auto fill = [] { return (void)std::freopen("/dev/full", "w", stdout); };
+    const auto close = [] { return (void)::close(STDOUT_FILENO); };
+    const auto breakPipe = [] {
+        int ends[2];
+        if (pipe(ends) != 0) _exit(99);
+        ::close(ends[0]);
+        dup2(ends[1], STDOUT_FILENO);
+    };
+    const auto breakPipeQuietly = [&] { breakPipe(), std::signal(SIGPIPE, SIG_IGN); };
+    const std::string cannot = "1||too\\x1Bl: cannot write to standard output: ";
     for (const char* asked : {"--help", "--version"}) {
-        EXPECT_EQ(ended({asked}, "/dev/full"),
-                  "1||too\\x1Bl: cannot write to standard output: No space left on device\n");
-        EXPECT_EQ(ended({asked}, "closed"),
-                  "1||too\\x1Bl: cannot write to standard output: Bad file descriptor\n");
-        EXPECT_EQ(ended({asked}, "closed pipe", true), "0||");
-        EXPECT_EQ(ended({asked}, "closed pipe"),
+        EXPECT_EQ(ended({asked}, runTool, fill), cannot + "No space left on device\n");
+        EXPECT_EQ(ended({asked}, runTool, close), cannot + "Bad file descriptor\n");
+        EXPECT_EQ(ended({asked}, runTool, breakPipeQuietly), "0||");
+        EXPECT_EQ(ended({asked}, runTool, breakPipe),
                   "-" + std::to_string(SIGPIPE) + "||");  // as usual, and quiet
     }
 }

@@ -3,6 +3,8 @@
 #define VORN_TESTS_HOST_FIXTURE_H
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -73,5 +75,31 @@ public:
 
     std::string path;
 };
+
+/// How a process ended, and what it wrote.
+struct Ended {
+    int code;  // of a signal its negative number
+    std::string output;
+    std::string errors;
+};
+
+/// Runs the action in a process of its own, whose output has been prepared.
+template <class Action, class Prepare>
+Ended endOf(Action action, Prepare prepareOutput) {
+    const TemporaryFile output(""), errors("");
+    std::fflush(stdout);  // or the child would write it, too
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool isOpen = std::freopen(output.path.c_str(), "w", stdout) != nullptr &&
+                            std::freopen(errors.path.c_str(), "w", stderr) != nullptr;
+        if (!isOpen) _exit(99);
+        prepareOutput();
+        std::exit(action());
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    return {code, contentOf(output.path), contentOf(errors.path)};
+}
 
 #endif

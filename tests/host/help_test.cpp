@@ -2,8 +2,6 @@
 #include "vorn/host/help.h"
 
 #include <pty.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "host/fixture.h"
 #include "host/large_tool.h"
@@ -287,26 +285,13 @@ TEST(Help, isDataForAHostThatShowsItInAnotherWay) {
     EXPECT_TRUE(options[2].isBuiltIn);
 }
 
-// What a process writes, with a terminal of some width or with a pipe.
+// What a process writes, with a terminal of some width or without one.
 namespace {
 
-struct Shown {
-    std::string text;
-    int code;
-};
-
-/// Runs the tool in a process of its own. `columns` 0 makes its output a pipe.
-Shown runInTerminal(unsigned columns, const char* argument, const Texts& environment,
+/// Runs the tool in a process of its own. Without columns, its output is no terminal.
+Ended runInTerminal(unsigned columns, const char* argument, const Texts& environment,
                     host::Colours colours = host::Colours::automatic) {
-    int output = -1;
-    int ends[2] = {-1, -1};
-    winsize size = {};
-    size.ws_row = 25;
-    size.ws_col = static_cast<unsigned short>(columns);
-    if (columns == 0 && pipe(ends) != 0) return {"no pipe", -1};
-    const pid_t child = columns == 0 ? fork() : forkpty(&output, nullptr, nullptr, &size);
-    if (child == 0) {
-        if (columns == 0) dup2(ends[1], STDOUT_FILENO);
+    const auto run = [&] {
         for (const char* name : {"COLUMNS", "NO_COLOR"})
             unsetenv(name);
         setenv("TERM", "xterm", 1);
@@ -318,21 +303,21 @@ Shown runInTerminal(unsigned columns, const char* argument, const Texts& environ
         parser.version("1.4.0").colours(colours);
         const char* const arguments[] = {"tool", "--wrong", argument};
         (void)parser.parseOrExit(3, arguments);
-        _exit(99);
-    }
-    if (columns == 0) {
-        close(ends[1]);
-        output = ends[0];
-    }
-    Shown shown = {"", -1};
+        return 99;
+    };
+    if (columns == 0) return endOf(run, [] {});
+    int output = -1;
+    winsize size = {};
+    size.ws_col = static_cast<unsigned short>(columns);
+    const pid_t child = forkpty(&output, nullptr, nullptr, &size);
+    if (child == 0) std::exit(run());
+    Ended ended = {-1, "", ""};
     char buffer[4096];
-    for (ssize_t size_ = 0; (size_ = read(output, buffer, sizeof buffer)) > 0;)
-        shown.text.append(buffer, static_cast<std::size_t>(size_));
+    for (ssize_t count = 0; (count = read(output, buffer, sizeof buffer)) > 0;)
+        ended.output.append(buffer, static_cast<std::size_t>(count));
     close(output);
-    int status = 0;
-    waitpid(child, &status, 0);
-    shown.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return shown;
+    waitpid(child, &ended.code, 0);
+    return ended;
 }
 
 int widestLine(std::string text) {
@@ -357,10 +342,10 @@ TEST(HelpOfAProcess, isAsWideAsTheTerminal) {
         {0, "COLUMNS=0", 70, 80}, {0, "COLUMNS=5x", 70, 80},  {0, "COLUMNS=99999999999", 70, 80},
     };
     for (const auto& each : cases) {
-        const Shown shown = runInTerminal(each.columns, "--help", {each.variable, "NO_COLOR=1"});
-        const int widest = widestLine(shown.text);
-        EXPECT_GE(widest, each.least) << each.columns << " " << each.variable << "\n" << shown.text;
-        EXPECT_LE(widest, each.most) << each.columns << " " << each.variable << "\n" << shown.text;
+        const Ended shown = runInTerminal(each.columns, "--help", {each.variable, "NO_COLOR=1"});
+        const int widest = widestLine(shown.output);
+        EXPECT_GE(widest, each.least) << each.columns << " " << each.variable << "\n" << shown.output;
+        EXPECT_LE(widest, each.most) << each.columns << " " << each.variable << "\n" << shown.output;
         EXPECT_EQ(shown.code, 0);
     }
 }
@@ -380,11 +365,11 @@ TEST(HelpOfAProcess, hasColoursOnATerminalOnly) {
         {80, "A=", host::Colours::never, false},
     };
     for (const auto& each : cases) {
-        const Shown shown = runInTerminal(each.columns, "--help", {each.variable}, each.wanted);
-        const bool hasHeading = shown.text.find("\033[1;4mUsage:\033[0m tool") != std::string::npos;
-        EXPECT_EQ(hasHeading, each.isColoured) << each.variable << "\n" << shown.text;
-        EXPECT_EQ(shown.text.find('\033') != std::string::npos, each.isColoured);
+        const Ended shown = runInTerminal(each.columns, "--help", {each.variable}, each.wanted);
+        const bool hasHeading = shown.output.find("\033[1;4mUsage:\033[0m tool") != std::string::npos;
+        EXPECT_EQ(hasHeading, each.isColoured) << each.variable << "\n" << shown.output;
+        EXPECT_EQ(shown.output.find('\033') != std::string::npos, each.isColoured);
     }
 }
 
-TEST(HelpOfAProcess, tellsTheVersion) { EXPECT_EQ(runInTerminal(0, "--version", {}).text, "tool 1.4.0\n"); }
+TEST(HelpOfAProcess, tellsTheVersion) { EXPECT_EQ(runInTerminal(0, "--version", {}).output, "tool 1.4.0\n"); }
