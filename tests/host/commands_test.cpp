@@ -216,127 +216,94 @@ TEST_F(Commands, mayReadJoinedLettersOrDropTheUnknownAlone) {
               "'--force' and '--quick' exclude each other");
 }
 
-/// A tool all of whose layers can be set.
-struct Layers : testing::Test {
-    template <class Say>
-    static std::string inForce(const Texts& settings, const std::vector<host::Variable>& environment,
-                               const Texts& typed, Say say) {
-        host::Parser parser("tool");
-        const auto n = parser.add<int>("n", "").defaultTo(1).environment("N").key();
-        const auto list = parser.add<int>("list", "").list(',').environment("LIST").key();
-        const auto toggle = parser.addSwitch("toggle", "").environment("TOGGLE").key();
-        const auto flag = parser.addFlag("flag", "").environment("FLAG").key();
-        const auto count = parser.addCount("count", "").environment("COUNT").key();
-        parser.exclusive({toggle, flag});
-        for (std::size_t i = 0; i < settings.size(); ++i)
-            parser.settings(settings[i], std::string(1, static_cast<char>('a' + i)) + ".conf");
-        const host::Outcome outcome = parser.parse(typed, environment);
-        if (!outcome) return said(outcome);
-        const host::Result& result = outcome.result();
-        return say(result, n) + " | " + say(result, list) + " | " + say(result, toggle) + " | " +
-               say(result, flag) + " | " + say(result, count);
-    }
-    static std::string text(const std::vector<int>& values) {
-        Texts all;
-        for (const int value : values)
-            all.push_back(std::to_string(value));
-        return joined(all, ",");
-    }
-    static std::string text(int value) { return std::to_string(value); }
-};
+/// What all layers together give a tool, and where it comes from, or what is wrong with them.
+std::string inForce(const Texts& settings, const std::vector<host::Variable>& environment,
+                    const Texts& typed) {
+    host::Parser parser("tool");
+    const auto n = parser.add<int>("n", "").defaultTo(1).environment("N").key();
+    const auto list = parser.add<int>("list", "").list(',').environment("LIST").key();
+    const auto toggle = parser.addSwitch("toggle", "").environment("TOGGLE").key();
+    const auto flag = parser.addFlag("flag", "").environment("FLAG").key();
+    const auto count = parser.addCount("count", "").environment("COUNT").key();
+    parser.exclusive({toggle, flag});
+    for (std::size_t i = 0; i < settings.size(); ++i)
+        parser.settings(settings[i], std::string(1, static_cast<char>('a' + i)) + ".conf");
+    const host::Outcome outcome = parser.parse(typed, environment);
+    if (!outcome) return said(outcome);
+    const host::Result& result = outcome.result();
+    Texts items;
+    for (const int item : result[list])
+        items.push_back(std::to_string(item));
+    std::string all;
+    const auto add = [&](const std::string& text, const host::AnyKey& key) {
+        const std::string origin = result.origin(key).text();
+        all += text + (origin == "the default" ? "" : " (" + origin + ")") + ", ";
+    };
+    add("n " + std::to_string(result[n]), n);
+    if (!items.empty()) add("list " + joined(items, ","), list);
+    if (result[toggle]) add("toggle", toggle);
+    if (result[flag]) add("flag", flag);
+    if (result[count] > 0) add("count " + std::to_string(result[count]), count);
+    return all.substr(0, all.size() - 2);
+}
 
-TEST_F(Layers, replaceThoseBelow) {
+TEST(Layers, replaceThoseBelow) {
     const struct {
-        Texts settings;
-        std::vector<host::Variable> environment;
-        Texts typed;
-        const char* values;             // n | list | toggle | flag | count
-        const char* origins = nullptr;  // where they matter
+        const char* expected;
+        Texts settings = {};
+        std::vector<host::Variable> environment = {};
+        Texts typed = {};
     } rows[] = {
-        {{}, {}, {}, "1 |  | 0 | 0 | 0", "the default | nowhere | the default | the default | the default"},
-        {{"--n=2\n\n--list=1\n--list=2,3\n--count\n--count"},
-         {},
-         {},
-         "2 | 1,2,3 | 0 | 0 | 2",
-         "a.conf:1 | a.conf:4 | the default | the default | a.conf:6"},
-        {{"--n=2\n--list=1,2\n--count", "--list=3"},
-         {},
-         {},
-         "2 | 3 | 0 | 0 | 1",
-         "a.conf:1 | b.conf:1 | the default | the default | a.conf:3"},
-        {{"--n\n2\n--list=1"},
-         {{"N", "3"}, {"LIST", "7,8"}, {"COUNT", "4"}, {"TOGGLE", "on"}},
-         {},
-         "3 | 7,8 | 1 | 0 | 4",
-         "N | LIST | TOGGLE | the default | COUNT"},
-        {{"--n=2\n--toggle"},
-         {{"N", ""}, {"TOGGLE", ""}},
-         {},
-         "2 |  | 1 | 0 | 0",  // empty counts as not set
-         nullptr},
-        {{"--n=2"},
+        {"n 1"},
+        {"n 2 (a.conf:1), list 1,2,3 (a.conf:4), count 2 (a.conf:6)",
+         {"--n=2\n\n--list=1\n--list=2,3\n--count\n--count"}},
+        {"n 2 (a.conf:1), list 3 (b.conf:1), count 1 (a.conf:3)", {"--n=2\n--list=1,2\n--count", "--list=3"}},
+        {"n 3 (N), list 7,8 (LIST), toggle (TOGGLE), count 4 (COUNT)",
+         {"--n\n2\n--list=1"},
+         {{"N", "3"}, {"LIST", "7,8"}, {"COUNT", "4"}, {"TOGGLE", "on"}}},
+        {"n 2 (a.conf:1), toggle (a.conf:2)",
+         {"--n=2\n--toggle"},
+         {{"N", ""}, {"TOGGLE", ""}}},  // empty: not set
+        {"n 4 (argument 2), list 9 (argument 1), count 1 (argument 3)",
+         {"--n=2"},
          {{"N", "3"}, {"LIST", "7"}, {"COUNT", "3"}},
-         {"--list=9", "-n=4", "--count"},
-         "4 | 9 | 0 | 0 | 1",
-         "argument 2 | argument 1 | the default | the default | argument 3"},
+         {"--list=9", "-n=4", "--count"}},
         // words in variables of switches, flags and counts; what is off replaces, too
-        {{"--toggle\n--count"}, {{"TOGGLE", "no"}, {"COUNT", "0"}}, {}, "1 |  | 0 | 0 | 0"},
-        {{"--flag"}, {{"FLAG", "false"}}, {}, "1 |  | 0 | 0 | 0"},
-        {{},
-         {{"FLAG", "1"}},
-         {},
-         "1 |  | 0 | 1 | 0",
-         "the default | nowhere | the default | FLAG | the default"},
-        {{}, {{"TOGGLE", "true"}}, {"--no-toggle"}, "1 |  | 0 | 0 | 0"},
+        {"n 1", {"--toggle\n--count"}, {{"TOGGLE", "no"}, {"COUNT", "0"}}},
+        {"n 1", {"--flag"}, {{"FLAG", "false"}}},
+        {"n 1, flag (FLAG)", {}, {{"FLAG", "1"}}},
+        {"n 1", {}, {{"TOGGLE", "true"}}, {"--no-toggle"}},
         // of an exclusive group the highest layer that has a member counts
-        {{"--toggle"}, {}, {"--flag"}, "1 |  | 0 | 1 | 0"},
-        {{"--flag"}, {{"TOGGLE", "yes"}}, {}, "1 |  | 1 | 0 | 0"},
-        {{"--flag"}, {}, {"--no-toggle"}, "1 |  | 0 | 1 | 0"},
-        {{"--flag", "--toggle"}, {}, {}, "1 |  | 1 | 0 | 0"},
-        {{"--flag\n--toggle"}, {}, {}, "'--toggle' and '--flag' exclude each other"},
+        {"n 1, flag (argument 1)", {"--toggle"}, {}, {"--flag"}},
+        {"n 1, toggle (TOGGLE)", {"--flag"}, {{"TOGGLE", "yes"}}},
+        {"n 1, flag (a.conf:1)", {"--flag"}, {}, {"--no-toggle"}},
+        {"n 1, toggle (b.conf:1)", {"--flag", "--toggle"}},
+        {"'--toggle' and '--flag' exclude each other", {"--flag\n--toggle"}},
         // mistakes
-        {{}, {{"TOGGLE", "maybe"}}, {}, "TOGGLE: 'maybe' is neither yes nor no, which '--toggle' takes"},
-        {{},
-         {{"COUNT", "-1"}},
+        {"TOGGLE: 'maybe' is neither yes nor no, which '--toggle' takes", {}, {{"TOGGLE", "maybe"}}},
+        {"COUNT: '-1' is not a whole number from 0 to 1000, which '--count' takes", {}, {{"COUNT", "-1"}}},
+        {"COUNT: '1001' is not a whole number from 0 to 1000, which '--count' takes",
          {},
-         "COUNT: '-1' is not a whole number from 0 to 1000, which '--count' takes"},
-        {{},
-         {{"COUNT", "1001"}},
-         {},
-         "COUNT: '1001' is not a whole number from 0 to 1000, which '--count' takes"},
-        {{}, {{"COUNT", "x"}}, {}, "COUNT: 'x' is not a whole number from 0 to 1000, which '--count' takes"},
-        {{}, {{"LIST", "1,,2"}}, {"--list=1"}, "LIST: '1,,2' has an empty item"},
-        {{"\n\n\n\n\n\n\n\n\n\n\n--cuont"},
-         {},
-         {},
-         "a.conf:12: unknown option '--cuont'; did you mean '--count'?"},
-        {{"n=3\n-n 3\n--list: 1\n toggle = no\ntoggle=yes\nflag\n--n\n5\n--list"},
-         {},
-         {},
-         "a.conf:1: 'n=3' is no option, and settings hold nothing else; write '-n=3'\n"
+         {{"COUNT", "1001"}}},
+        {"COUNT: 'x' is not a whole number from 0 to 1000, which '--count' takes", {}, {{"COUNT", "x"}}},
+        {"LIST: '1,,2' has an empty item", {}, {{"LIST", "1,,2"}}, {"--list=1"}},
+        {"a.conf:12: unknown option '--cuont'; did you mean '--count'?", {"\n\n\n\n\n\n\n\n\n\n\n--cuont"}},
+        {"a.conf:1: 'n=3' is no option, and settings hold nothing else; write '-n=3'\n"
          "a.conf:2: unknown option '-n 3'; write '-n=3'\n"
          "a.conf:3: unknown option '--list: 1'; write '--list=1'\n"
          "a.conf:4: 'toggle = no' is no option, and settings hold nothing else; write '--no-toggle'\n"
          "a.conf:5: 'toggle=yes' is no option, and settings hold nothing else; write '--toggle'\n"
          "a.conf:6: 'flag' is no option, and settings hold nothing else; write '--flag'\n"
-         "a.conf:9: '--list' needs a value"},
-        {{"word\n--help\n--\n--n"},
-         {},
-         {},
-         "a.conf:1: 'word' is no option, and settings hold nothing else\na.conf:2: '--help' belongs on the "
-         "command "
-         "line\na.conf:3: '--' is no option, and settings hold nothing else\na.conf:4: '-n' needs a value"},
+         "a.conf:9: '--list' needs a value",
+         {"n=3\n-n 3\n--list: 1\n toggle = no\ntoggle=yes\nflag\n--n\n5\n--list"}},
+        {"a.conf:1: 'word' is no option, and settings hold nothing else\n"
+         "a.conf:2: '--help' belongs on the command line\n"
+         "a.conf:3: '--' is no option, and settings hold nothing else\n"
+         "a.conf:4: '-n' needs a value",
+         {"word\n--help\n--\n--n"}},
     };
-    for (const auto& row : rows) {
-        const std::string about = joined(row.settings) + " / " + joined(row.typed);
-        const auto value = [](const host::Result& result, auto key) { return text(result[key]); };
-        const auto origin = [](const host::Result& result, auto key) { return result.origin(key).text(); };
-        const std::string expected = row.values;
-        EXPECT_EQ(inForce(row.settings, row.environment, row.typed, value), expected) << about;
-        if (row.origins != nullptr) {
-            EXPECT_EQ(inForce(row.settings, row.environment, row.typed, origin), row.origins) << about;
-        }
-    }
+    for (const auto& row : rows)
+        EXPECT_EQ(inForce(row.settings, row.environment, row.typed), row.expected);
 }
 
 TEST(Settings, ofFilesMayBeMissingWhereThatIsAllowed) {
@@ -401,32 +368,13 @@ TEST(Settings, ofACommandAreReplacedByTheEnvironmentOfTheOuterParser) {
 
 /// What is typed, read or set for a tool, as a seed says it: some of it is known, and some of it right.
 vorn_tests::Given givenBy(unsigned seed) {
-    const char* const arguments[] = {"--output-dir=one",
-                                     "--out-f=x",
-                                     "--out",
-                                     "3",
-                                     "-v",
-                                     "-vv",
-                                     "-n=7",
-                                     "--most",
-                                     "--no-m",
-                                     "--x-y",
-                                     "1;2",
-                                     "copy",
-                                     "--deep=once",
-                                     "count-all",
-                                     "-",
-                                     "",
-                                     "--",
-                                     "-5",
-                                     "--bogus",
-                                     "-d=0.25",
-                                     "-y=90s",
-                                     "-o=4k",
-                                     "--n=",
-                                     "-x7",
-                                     "--output-file=\"a\nb \"",
-                                     "--help"};
+    // The first twelve may stand in settings.
+    // clang-format off
+    const char* const arguments[] = {
+        "--output-dir=one", "--out-f=x", "--out", "3", "-v", "-vv", "-n=7", "--most", "--no-m", "--x-y", "1;2", "copy",
+        "--deep=once", "count-all", "-", "", "--", "-5", "--bogus", "-d=0.25", "-y=90s", "-o=4k", "--n=", "-x7",
+        "--output-file=\"a\nb \"", "--help"};
+    // clang-format on
     const auto below = [&seed](std::size_t limit) {
         seed = seed * 1664525U + 1013904223U;
         return seed / 65536U % static_cast<unsigned>(limit);
