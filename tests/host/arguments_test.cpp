@@ -29,17 +29,15 @@ struct Arguments : testing::Test {
         if (result.isGiven(quiet)) all += " q";
         if (result[flag]) all += " f";
         if (result.isGiven("7")) all += " 7=" + std::to_string(*result.value<int>("7"));
-        for (const char* name : {"text", "number"}) {
-            try {
-                if (name == std::string("text")) {
-                    for (const auto& text : result.values<std::string>(name))
-                        all += " [" + text + "]";
-                } else {
-                    for (const double number : result.values<double>(name))
-                        all += " #" + std::to_string(static_cast<int>(number));
-                }
-            } catch (const std::logic_error&) {
-            }  // not declared
+        try {
+            for (const std::string& text : result.values<std::string>("text"))
+                all += " [" + text + "]";
+        } catch (const std::logic_error&) {
+        }  // not declared
+        try {
+            for (const double number : result.values<double>("number"))
+                all += " #" + std::to_string(static_cast<int>(number));
+        } catch (const std::logic_error&) {
         }
         for (const std::string& text : result.arguments())
             all += " +" + text;

@@ -32,8 +32,7 @@ struct Case {
     const char* answer;
 };
 
-template <std::size_t count>
-void expectAnswers(host::Parser& parser, const Case (&cases)[count]) {
+void expectAnswers(host::Parser& parser, const std::vector<Case>& cases) {
     for (const Case& each : cases) {
         std::vector<const char*> arguments = {"--completion", "answer", "fish"};
         arguments.insert(arguments.end(), each.words.begin(), each.words.end());
@@ -42,12 +41,17 @@ void expectAnswers(host::Parser& parser, const Case (&cases)[count]) {
     }
 }
 
+void expectNothing(host::Parser& parser, const std::vector<std::vector<const char*>>& lines) {
+    for (const std::vector<const char*>& words : lines)
+        expectAnswers(parser, {{words, "words\t\n"}});
+}
+
 }  // namespace
 
 TEST(Completion, answersWhatFits) {
     host::Parser parser("tool");
     declare(parser);
-    const Case cases[] = {
+    const std::vector<Case> cases = {
         {{"--s"}, "words\t\n=\t--size=\tHow\n=\t--sure=\tWhether.\n"},
         {{"--ver"}, "words\t\n.\t--version\tShow the version and exit.\n"},
         {{"--sure", ""}, "words\t\n.\tyes\t\n.\tno\t\n"},
@@ -55,25 +59,20 @@ TEST(Completion, answersWhatFits) {
         {{"--su=n"}, "words\t\n.\t--su=no\t\n"},
         {{"--place="}, "words\t\n.\t--place=here\t\n.\t--place=there\t\n"},  // nothing that a terminal obeys
         {{"--place=h"}, "words\t\n.\t--place=here\t\n"},
-        {{"--size="}, "words\t\n"},
-        {{"--nothing=n"}, "words\t\n"},
-        {{"-=n"}, "words\t\n"},
-        {{"--=n"}, "words\t\n"},
-        {{"--\xFF"}, "words\t\n"},
-        {{"--help=x"}, "words\t\n"},
         {{"@li"}, "files\t@\n"},
         {{"--size", "5", "o"}, "words\t\n.\tone\t\n"},
         {{"-s5", ""}, "words\t\n.\tone\t\n"},
-        {{"-s", "--"}, "words\t\n"},  // a value is wanted, and it may not look like this
         {{"one", "mo"}, "words\t\n.\tmore\t\n.\tmoor\t\n.\tmost\t\n"},
         {{"--size=x", "--unknown", "o"}, "words\t\n.\tone\t\n"},
         {{"--", "o"}, "words\t\n.\tone\t\n"},
-        {{"--", "--s"}, "words\t\n"},
         {{"-"},
          "words\t\n=\t--size=\tHow\n=\t--sure=\tWhether.\n=\t--place=\tWhere.\n"
          ".\t--help\tShow this help and exit.\n.\t--version\tShow the version and exit.\n"},
     };
     expectAnswers(parser, cases);
+    expectNothing(parser,
+                  {{"--size="}, {"--nothing=n"}, {"-=n"}, {"--=n"}, {"--\xFF"}, {"--help=x"}, {"--", "--s"}});
+    expectNothing(parser, {{"-s", "--"}});  // a value is wanted, and it may not look like this
 }
 
 TEST(Completion, answersWithEveryKindOfName) {
@@ -90,16 +89,13 @@ TEST(Completion, answersWithEveryKindOfName) {
     parser.add<std::string>("output-dir,o", "").completes(host::Completion::folders);
     (void)parser.add<std::string>("parts", "").completes(host::Completion::files).list(',');
     (void)parser.add<std::string>("fields", "").allow("name", "size").list(',');
-    const Case options[] = {
+    const std::vector<Case> options = {
         {{"--no"}, "words\t\n.\t--normal\t\n.\t--no-normal\t\n.\t--no-verbose\tSay more.\n"},
         {{"--no-v"}, "words\t\n.\t--no-verbose\tSay more.\n"},
         {{"-x"}, "words\t\n.\t-x\t\n"},  // the value comes in the next word
         {{"--colo"}, "words\t\n.\t--colour\t\n=\t--colour=\t\n"},
         {{"--color=n"}, "words\t\n.\t--color=never\t\n"},
-        {{"--normal=n"}, "words\t\n"},
         {{"--sec"}, "words\t\n.\t--secret\t\n"},  // nothing else fits
-        {{"--old"}, "words\t\n"},
-        {{"---"}, "words\t\n"},
         // What they have in common says less than what is typed, or as much.
         {{"--c-d"}, "list\t\n.\t--copy-dir\t\n.\t--create-data\t\n.\t--copy-data\t\n"},
         {{"--co-d"}, "words\t\n.\t--copy-dir\t\n.\t--copy-data\t\n"},
@@ -108,20 +104,19 @@ TEST(Completion, answersWithEveryKindOfName) {
         {{"-o", "su"}, "folders\t\n"},
         {{"--parts=a,b"}, "files\t--parts=a,\n"},
         {{"--fields=name,s"}, "words\t\n.\t--fields=name,size\t\n"},
-        {{"--fields=x"}, "words\t\n"},
     };
     expectAnswers(parser, options);
+    expectNothing(parser, {{"--normal=n"}, {"--old"}, {"---"}, {"--fields=x"}});
 
     host::Parser hiding("tool");
     hiding.addFlag("help", "").hidden();
     hiding.addFlag("help-all", "").hidden();
-    const Case nothing[] = {{{"--"}, "words\t\n"}, {{""}, "words\t\n"}};
-    expectAnswers(hiding, nothing);
+    expectNothing(hiding, {{"--"}, {""}});
     // What they have in common fits a third one, too.
     hiding.addSwitch("copies-dir", "");
     hiding.addFlag("copied-data", "");
     hiding.addFlag("copier-x", "");
-    const Case more[] = {
+    const std::vector<Case> more = {
         {{"--"}, "words\t\n.\t--copies-dir\t\n.\t--copied-data\t\n.\t--copier-x\t\n"},
         {{"--c-d"}, "list\t\n.\t--copies-dir\t\n.\t--copied-data\t\n"},
     };
@@ -139,22 +134,19 @@ TEST(Completion, answersWithCommandsAndWhatTheyTake) {
     (void)remove.addPositional<std::string>("more", "").allow("three").optional();
     (void)remove.addPositional<std::string>("last", "").allow("four");
     parser.command("run", "").rest("what", "").allow("now");
-    const Case cases[] = {
+    const std::vector<Case> cases = {
         {{""}, "words\t\n.\tcopy-data\tCopies\n.\tcopy-dir\t\n.\tremove\t\n.\trun\t\n"},
         {{"rem"}, "words\t\n.\tremove\t\n"},  // two names of one command
         {{"c-d"}, "words\t\n.\tcopy-data\tCopies\n.\tcopy-dir\t\n"},
-        {{"="}, "words\t\n"},
-        {{"x"}, "words\t\n"},
-        {{"nothing", "--s"}, "words\t\n"},
         {{"--store", "far", "rm", "o"}, "words\t\n.\tone\t\n"},
         {{"rm", "--st"}, "words\t\n=\t--store=\t\n"},
-        {{"rm", "--own"}, "words\t\n"},
         {{"rm", "one", ""}, "words\t\n.\tthree\t\n.\tfour\t\n"},  // the one in the middle may be left out
         {{"run", "--st"}, "words\t\n=\t--store=\t\n"},
-        {{"run", "x", "--st"}, "words\t\n"},  // all of it belongs to the rest
         {{"run", "x", "n"}, "words\t\n.\tnow\t\n"},
     };
     expectAnswers(parser, cases);
+    expectNothing(parser, {{"="}, {"x"}, {"nothing", "--s"}, {"rm", "--own"}});
+    expectNothing(parser, {{"run", "x", "--st"}});  // all of it belongs to the rest
 }
 
 TEST(Completion, showsAFunctionWhatStandsInFront) {
@@ -167,7 +159,7 @@ TEST(Completion, showsAFunctionWhatStandsInFront) {
             const std::string all = before[store] + "-" + before[kind].value_or("any");
             return std::vector<std::string>{std::string(typed) + all};
         });
-    const Case cases[] = {
+    const std::vector<Case> cases = {
         {{"remove", ""}, "words\t\n.\tmain-any\t\n"},
         {{"--store=x", "rem", "--kind", "y", "--bogus", "id", "a"}, "words\t\n.\tax-y\t\n"},
         {{"--store=x", "help", "rem", ""}, "words\t\n.\tx-any\t\n"},
