@@ -157,13 +157,6 @@ private:
 
 /// Flags, and declarations.
 const char* const keptTables[] = {
-    R"(0
-O 0 colour|With colours.|
-s color
-O 0 no-cache|Does not cache.|
-O 12 a--b,-lead|Odd names.|
-O 7 count,,c|Odd list of names.|
-O 12 ,x,|Empty name.|)",
     R"(8
 O 12 output-file,o|Where to write. Without it, the name of the first input with another extension.|general:General
 O 12 output-dir|Folder.^Made when missing.|general
@@ -175,19 +168,6 @@ a 11 2.0
 a 6 4
 O 8 limit||link
 t )",
-    R"(18
-O 12 input|Source file.|
-p
-O 0 blank,b|Counts blank lines.|general:What is counted
-d 0 1
-O 12 exclude,x|Files to leave out.|files:Which files
-s leave-out
-O 12 format,f|How to print.|output
-a 12 plain
-a 12 table
-a 12 tab
-d 12 plain
-O 6 jobs,j|Number of threads.|vorn_hidden)",
     R"(6
 O 12 |Has no name.|
 O 6 input|A number.|

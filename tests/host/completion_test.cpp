@@ -18,31 +18,26 @@ void declare(host::Parser& parser) {
 }
 
 /// Runs parseOrExit in a process of its own, whose errors stand in its output.
-Ended print(host::Parser& parser, std::vector<const char*> arguments) {
-    arguments.insert(arguments.begin(), "tool");
-    const auto run = [&] {
-        const host::Result result = parser.parseOrExit(static_cast<int>(arguments.size()), arguments.data());
-        return 3;
-    };
-    return endOf(run, [] { dup2(STDOUT_FILENO, STDERR_FILENO); });
+Ended print(host::Parser& parser, const Texts& arguments) {
+    return endOf([&] { return (void)parseOrExit(parser, arguments), 3; },
+                 [] { dup2(STDOUT_FILENO, STDERR_FILENO); });
 }
 
 struct Case {
-    std::vector<const char*> words;
+    Texts words;
     const char* answer;
 };
 
 void expectAnswers(host::Parser& parser, const std::vector<Case>& cases) {
     for (const Case& each : cases) {
-        std::vector<const char*> arguments = {"--completion", "answer", "fish"};
+        Texts arguments = {"--completion", "answer", "fish"};
         arguments.insert(arguments.end(), each.words.begin(), each.words.end());
-        EXPECT_EQ(print(parser, arguments).output, each.answer)
-            << each.words.front() << "..." << each.words.back();
+        EXPECT_EQ(print(parser, arguments).output, each.answer) << joined(each.words);
     }
 }
 
-void expectNothing(host::Parser& parser, const std::vector<std::vector<const char*>>& lines) {
-    for (const std::vector<const char*>& words : lines)
+void expectNothing(host::Parser& parser, const std::vector<Texts>& lines) {
+    for (const Texts& words : lines)
         expectAnswers(parser, {{words, "words\t\n"}});
 }
 
@@ -228,8 +223,7 @@ TEST(Completion, isAskedForInFullAndFirstOnly) {
     EXPECT_EQ(parser.parse({"--complet", "zsh"}).error().kind, host::Error::Kind::unknownOption);
     EXPECT_EQ(print(parser, {"--completions", "zsh"}).code, 2);
     EXPECT_EQ(print(parser, {"--completion=answer"}).code, 2);
-    for (const std::vector<const char*>& few :
-         {std::vector<const char*>{"--completion", "answer"}, {"--completion", "answer", "bash"}})
+    for (const Texts& few : {Texts{"--completion", "answer"}, {"--completion", "answer", "bash"}})
         EXPECT_EQ(print(parser, few).output, "");  // a shell's script never asks so
     EXPECT_EQ(print(parser, {"--completion", "answer", "bash", "tool --comp"}).output, "words\t\n");
     EXPECT_EQ(print(parser, {}).code, 3);

@@ -353,48 +353,34 @@ TEST(BuiltIns, giveWayToWhatComesLater) {
 }
 
 TEST(Names, ofGlobalOptionsAreNobodyElses) {
+    using P = host::Parser&;
     const struct {
-        const char* name;
-        bool isSwitch;
+        Declare declare;
         const char* said;
     } rows[] = {
-        {"all", false, "'all': the global option 'all' has this name"},
-        {"no-\xC3\xA4", false, "'\xC3\xA4': the global option '\xC3\xA4' has this name"},
-        {"no-all", false, ""},  // a flag has no such form
-        {"own", true, ""},
+        {[](P p) { p.addFlag("all", ""); }, "'all': the global option 'all' has this name"},
+        {[](P p) { p.addFlag("no-\xC3\xA4", ""); }, "'\xC3\xA4': the global option '\xC3\xA4' has this name"},
+        {[](P p) { p.addFlag("no-all", ""); }, ""},  // a flag has no such form
+        {[](P p) { p.addSwitch("own", ""); }, ""},
     };
     for (const auto& row : rows) {
         host::Parser parser("tool");
         parser.addFlag("all", "").global();
         parser.addSwitch("\xC3\xA4", "").global();
         parser.addFlag("own", "");
-        host::Parser& command = parser.command("do", "");
-        if (row.isSwitch) {
-            command.addSwitch(row.name, "");
-        } else {
-            command.addFlag(row.name, "");
-        }
+        row.declare(parser.command("do", ""));
         EXPECT_EQ(thrownBy<host::RegistrationError>([&] { (void)parser.parse({"do"}); }), row.said);
     }
 }
 
 TEST(BuiltIns, leaveNamesThatAHostHasTaken) {
-    const struct {
-        const char* taken;
-        Texts typed;
-        const char* text;
-    } rows[] = {
-        {"h", {"-h"}, ""},
-        {"help", {"--help"}, ""},
-        {"version", {"--version"}, ""},
-        {"help-all", {"--help-all"}, ""},
-    };
-    for (const auto& row : rows) {
+    for (const std::string name : {"h", "help", "version", "help-all"}) {
+        const std::string typed = (name == "h" ? "-" : "--") + name;
         host::Parser parser("tool");
         parser.version("1").addFlag("hidden", "").hidden();
-        const auto flag = parser.addFlag(row.taken, "").global().key();
+        const auto flag = parser.addFlag(name, "").global().key();
         parser.command("do", "").addFlag("in", "").hidden();
-        for (const Texts& line : {row.typed, Texts{"do", row.typed[0]}}) {
+        for (const Texts& line : {Texts{typed}, Texts{"do", typed}}) {
             const host::Outcome outcome = parser.parse(line);
             EXPECT_EQ(outcome.asked, host::Outcome::Asked::nothing) << joined(line);
             EXPECT_TRUE(outcome.result()[flag]) << joined(line);

@@ -20,10 +20,7 @@ int runTool(const Texts& typed) {
     copy.oneOf({copy.addFlag("all", "").key(), copy.addFlag("some", "").key()});
     (void)copy.addPositional<std::string>("first", "");
     (void)copy.addPositional<std::string>("more", "").atLeast(2);
-    std::vector<const char*> argv = {"tool"};
-    for (const std::string& text : typed)
-        argv.push_back(text.c_str());
-    const host::Result result = parser.parseOrExit(static_cast<int>(argv.size()), argv.data());
+    const host::Result result = parseOrExit(parser, typed);
     std::printf("ran with %s", result.value<std::string>("new").value_or("nothing").c_str());
     std::fflush(stdout);
     return 7;
@@ -34,10 +31,7 @@ int runUnhelpfulTool(const Texts& typed) {
     host::Parser parser("tool");
     parser.addFlag("help", "").global();
     (void)parser.command("do", "Does.").add<bool>("old", "").deprecated("");
-    std::vector<const char*> argv = {"tool"};
-    for (const std::string& text : typed)
-        argv.push_back(text.c_str());
-    (void)parser.parseOrExit(static_cast<int>(argv.size()), argv.data());
+    (void)parseOrExit(parser, typed);
     return 7;
 }
 

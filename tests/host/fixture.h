@@ -76,6 +76,13 @@ public:
     std::string path;
 };
 
+inline host::Result parseOrExit(host::Parser& parser, const Texts& typed) {
+    std::vector<const char*> argv = {"tool"};
+    for (const std::string& text : typed)
+        argv.push_back(text.c_str());
+    return parser.parseOrExit(static_cast<int>(argv.size()), argv.data());
+}
+
 /// How a process ended, and what it wrote.
 struct Ended {
     int code;  // of a signal its negative number

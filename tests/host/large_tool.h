@@ -81,38 +81,32 @@ inline vorn::host::Parser make(Language language) {
     (void)parser.addPositional<std::string>("folder", folderText.in[language])
         .metavar(folderName.in[language])
         .atLeast(1);
-    unsigned number = 0;
+    unsigned count = 0;
     for (const Row& row : rows) {
-        const char* title = titles[number++ / 8].in[language];
+        const char* title = titles[count++ / 8].in[language];
         const char* metavar = row.metavar.in[language];
         const char* text = row.description.in[language];
         const std::string name = row.names;
         if (metavar == nullptr) {
             parser.addCount(row.names, text).group(title);
-        } else if (*metavar == '\0') {
-            (void)parser.addSwitch(row.names, text).group(title).defaultTo(name == "deduplicate");
-        } else if (name == "compression,c" || name == "log-level") {
-            (void)parser.add<std::string>(row.names, text)
-                .group(title)
-                .metavar(metavar)
-                .defaultTo("fast")
-                .allow("none", "fast", "best", "archive", "everything-that-is-known", "whatever-is-there");
-        } else if (name == "jobs,j" || name == "level") {
-            (void)parser.add<int>(row.names, text)
-                .group(title)
-                .metavar(metavar)
-                .range(1, 19)
-                .defaultTo(4)
-                .environment("SAFE_" + std::string(name == "level" ? "LEVEL" : "JOBS"));
-        } else if (name == "exclude,x" || name == "tag,t") {
-            (void)parser.add<std::string>(row.names, text).group(title).metavar(metavar).list(',');
-        } else if (name == "colour") {
-            parser.add<std::string>(row.names, text).group(title).metavar(metavar).implicit("auto");
-        } else if (name == "repository,r") {
-            (void)parser.add<std::string>(row.names, text).group(title).metavar(metavar).required();
-        } else {
-            parser.add<std::string>(row.names, text).group(title).metavar(metavar);
+            continue;
         }
+        if (*metavar == '\0') {
+            (void)parser.addSwitch(row.names, text).group(title).defaultTo(name == "deduplicate");
+            continue;
+        }
+        if (name == "jobs,j" || name == "level") {
+            const auto number = parser.add<int>(row.names, text).group(title).metavar(metavar).range(1, 19);
+            (void)number.defaultTo(4).environment(name == "level" ? "SAFE_LEVEL" : "SAFE_JOBS");
+            continue;
+        }
+        const auto option = parser.add<std::string>(row.names, text).group(title).metavar(metavar);
+        if (name == "compression,c" || name == "log-level")
+            (void)option.defaultTo("fast").allow("none", "fast", "best", "archive",
+                                                 "everything-that-is-known", "whatever-is-there");
+        if (name == "exclude,x" || name == "tag,t") (void)option.list(',');
+        if (name == "colour") option.implicit("auto");
+        if (name == "repository,r") (void)option.required();
     }
     return parser;
 }

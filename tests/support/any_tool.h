@@ -51,6 +51,43 @@ public:
     const std::string path;
 };
 
+inline std::vector<std::string_view> linesOf(std::string_view text) {
+    std::vector<std::string_view> lines;
+    for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+        lines.push_back(text.substr(0, end));
+        text.remove_prefix(end + 1);
+    }
+    lines.push_back(text);
+    return lines;
+}
+
+/// The columns of a line of Latin or Chinese letters; nothing for what is no UTF-8 or could be obeyed by a terminal.
+inline int columnsOf(std::string_view line) {
+    int columns = 0;
+    for (std::size_t i = 0; i < line.size();) {
+        const auto first = static_cast<unsigned char>(line[i]);
+        const std::size_t length = first < 0x80   ? 1
+                                   : first < 0xC2 ? 0
+                                   : first < 0xE0 ? 2
+                                   : first < 0xF0 ? 3
+                                                  : 4;
+        if (length == 0 || first < ' ' || first == 0x7F || i + length > line.size()) return -1;
+        for (std::size_t k = 1; k < length; ++k) {
+            if ((static_cast<unsigned char>(line[i + k]) & 0xC0) != 0x80) return -1;
+        }
+        const bool isMark = first == 0xCC;  // U+0300 to U+033F
+        columns += isMark ? 0 : length >= 3 ? 2 : 1;
+        i += length;
+    }
+    return columns;
+}
+
+/// Whether people can read a line of help on a terminal of so many columns.
+inline bool fits(std::string_view line, unsigned columns) {
+    const int width = columnsOf(line);
+    return width >= 0 && width <= static_cast<int>(columns) && (line.empty() || line.back() != ' ');
+}
+
 /// What a tool is given.
 struct Given {
     Texts arguments;
@@ -122,7 +159,8 @@ private:
             "A text that is longer than many a line, and is wrapped where the line ends.",
             "\033]0;title\a\r\n\b",
             "\xFF\xC3\xE4\xB8\xF0\x9F\x98 \xED\xA0\x80",
-            "\xE5\x9B\xBE\xE5\x9B\xBE\xE5\x9B\xBE \xE2\x80\xAEtxt",
+            "\xE5\x9B\xBE\xE5\x9B\xBE\xE5\x9B\xBE\xE5\x9B\xBE\xE5\x9B\xBE \xE2\x80\xAEtxt",
+            "\xCC\xCC\xCC\xCC\xCC\xCC",
             "one-word-that-is-far-longer-than-any-column-can-be-and-has-to-be-cut-somewhere-in-the-middle"};
         return texts[below(2) == 0 ? 1 : below(std::size(texts))];
     }
@@ -225,16 +263,6 @@ private:
             if (byte < ' ' || byte == 0x7F || isHigh) return false;
         }
         return true;
-    }
-
-    static std::vector<std::string_view> linesOf(std::string_view text) {
-        std::vector<std::string_view> lines;
-        for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
-            lines.push_back(text.substr(0, end));
-            text.remove_prefix(end + 1);
-        }
-        lines.push_back(text);
-        return lines;
     }
 
     /// What belongs to a command that was not chosen cannot be read.
@@ -346,9 +374,7 @@ private:
         style.environment = given.environment;
         const std::string help = parser.help(style);
         for (const std::string_view line : linesOf(help)) {
-            const bool isPlain = std::none_of(line.begin(), line.end(), [](char each) { return each < 0; });
-            if (!isHarmless(line)) return "help is harmless\n" + help;
-            if (isPlain && line.size() > std::max(given.columns, 2U)) return "help keeps its width\n" + help;
+            if (!fits(line, std::max(given.columns, 2U))) return "help can be read\n" + help;
         }
         const std::string manual = parser.manual("2026-01-02");
         for (const std::string_view line : linesOf(manual)) {
