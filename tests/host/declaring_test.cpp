@@ -10,6 +10,8 @@ using Declare = void (*)(host::Parser&);
 
 enum class Mode { fast, safe };
 
+constexpr std::initializer_list<int> oneAndTwo = {1, 2};
+
 /// One row a contradiction. Each is made in the outermost parser, where it is refused at once or in verify(), and in a
 /// command, where it counts when the command is chosen, and the others work all the same.
 TEST(Contradictions, areRefusedWithWhatToChange) {
@@ -56,9 +58,7 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
         {"'a': its default is not among the allowed values",
          [](P p) { (void)p.add<std::string>("a", "").allow("x").defaultTo("y"); }},
         {"'a': its default is not among the allowed values",
-         [](P p) {
-             (void)p.add<int>("a", "").list(',').defaultTo({1, 2}).allow(1, 3);
-         }},
+         [](P p) { (void)p.add<int>("a", "").list(',').defaultTo(oneAndTwo).allow(1, 3); }},
         {"'a': the choice 'x' stands twice", [](P p) { p.add<std::string>("a", "").allow("x", "y", "x"); }},
         {"'a': a choice is empty, and nobody could type it",
          [](P p) { p.add<std::string>("a", "").allow("x", ""); }},
@@ -73,9 +73,7 @@ TEST(Contradictions, areRefusedWithWhatToChange) {
         {"'a': its type is not known; name its values with named(), or teach the type",
          [](P p) { p.add<Mode>("a", ""); }},
         {"'a': it has several defaults and takes one value; make it a list",
-         [](P p) {
-             (void)p.add<int>("a", "").defaultTo({1, 2});
-         }},
+         [](P p) { (void)p.add<int>("a", "").defaultTo(oneAndTwo); }},
         {"'a': its choice holds the separator of the list",
          [](P p) { (void)p.add<std::string>("a", "").list().allow("b,c", "d"); }},
         {"'a': its default has an empty item",

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -171,18 +172,25 @@ private:
         using Value = typename decltype(key)::Element;
         const auto given = [key](const host::Result& result) {
             std::vector<Shown> shown;
-            for (const host::Given<Value>& each : result.given(key))
-                shown.push_back({each.position, each.origin, host::Type<Value>::show(each.value)});
+            try {
+                for (const host::Given<Value>& each : result.given(key))
+                    shown.push_back({each.position, each.origin, host::Type<Value>::show(each.value)});
+            } catch (const std::logic_error&) {
+            }  // it belongs to a command that was not chosen
             return shown;
         };
         constexpr bool isSeveral = std::is_same_v<decltype(made.key()), host::Key<std::vector<Value>>>;
-        const auto inForce = [key](const host::Result& result) {
-            std::vector<Value> values = result.values(key);
-            if (!isSeveral && !values.empty()) values = {values.back()};
-            std::string shown;
-            for (const Value& value : values)
-                shown += "[" + host::Type<Value>::show(value) + "]";
-            return shown;
+        const auto inForce = [key](const host::Result& result) -> std::string {
+            try {
+                std::vector<Value> values = result.values(key);
+                if (!isSeveral && !values.empty()) values = {values.back()};
+                std::string shown;
+                for (const Value& value : values)
+                    shown += "[" + host::Type<Value>::show(value) + "]";
+                return shown;
+            } catch (const std::logic_error&) {
+                return "nothing";
+            }
         };
         all.push_back({name, isWritten, isText, given, inForce});
     }
@@ -265,22 +273,6 @@ private:
         return true;
     }
 
-    /// What belongs to a command that was not chosen cannot be read.
-    static std::vector<Shown> givenOf(const Declared& declared, const host::Result& result) {
-        try {
-            return declared.given(result);
-        } catch (const std::logic_error&) {
-            return {};
-        }
-    }
-    static std::string inForceOf(const Declared& declared, const host::Result& result) {
-        try {
-            return declared.inForce(result);
-        } catch (const std::logic_error&) {
-            return "nothing";
-        }
-    }
-
     std::string told(const host::Outcome& outcome) const {
         std::string lines;
         for (const host::Error& error : outcome.errors()) {
@@ -293,8 +285,8 @@ private:
             lines += warning + "\n";
         lines += std::to_string(static_cast<int>(outcome.asked)) + "\n";
         for (const Declared& declared : all) {
-            lines += declared.name + " " + inForceOf(declared, outcome.result());
-            for (const Shown& shown : givenOf(declared, outcome.result()))
+            lines += declared.name + " " + declared.inForce(outcome.result());
+            for (const Shown& shown : declared.given(outcome.result()))
                 lines += " " + shown.value + " from " + shown.origin.text();
             lines += "\n";
         }
@@ -313,7 +305,7 @@ private:
         int before = 0;
         for (const Declared& declared : all) {
             int last = 0;
-            for (const Shown& shown : givenOf(declared, result)) {
+            for (const Shown& shown : declared.given(result)) {
                 if (shown.position < last) return "given rises with the positions: " + declared.name;
                 last = shown.position;
                 if (shown.origin.layer != host::Origin::Layer::commandLine) before = std::max(before, last);
@@ -338,30 +330,28 @@ private:
 
     /// Every argument that was accepted is found again.
     std::string brokenByLoss(const host::Result& result, const Given& given) const {
-        const std::vector<std::string>& typed = given.arguments;
-        std::vector<bool> isFound(typed.size() + 1);
+        const Texts& typed = given.arguments;
+        std::set<std::size_t> found;
         for (const Declared& declared : all) {
-            for (const Shown& shown : givenOf(declared, result)) {
+            for (const Shown& shown : declared.given(result)) {
                 if (!isTyped(shown)) continue;
-                const auto line = static_cast<std::size_t>(shown.origin.line);
-                if (line == 0 || line > typed.size()) return "arguments are numbered: " + shown.origin.text();
-                const std::string& next = line < typed.size() ? typed[line] : "";
-                const bool isHere = typed[line - 1].find(shown.value) != std::string::npos;
-                if (declared.isText && !isHere && next.find(shown.value) == std::string::npos)
+                const auto number = static_cast<std::size_t>(shown.origin.line - 1);
+                if (number >= typed.size()) return "arguments are numbered: " + shown.origin.text();
+                const std::string next = number + 1 < typed.size() ? typed[number + 1] : "";
+                if (declared.isText && (typed[number] + "\n" + next).find(shown.value) == std::string::npos)
                     return "a value is what was typed: " + declared.name + " " + shown.value;
-                isFound[line - 1] = true;
+                found.insert(number);
                 const bool takesNext =
-                    typed[line - 1].substr(0, 1) == "-" && typed[line - 1].find('=') == std::string::npos;
-                if (takesNext && canBeValue(next)) isFound[line] = true;
+                    typed[number].substr(0, 1) == "-" && typed[number].find('=') == std::string::npos;
+                if (takesNext && canBeValue(next)) found.insert(number + 1);
             }
         }
+        const auto terminator =
+            static_cast<std::size_t>(std::find(typed.begin(), typed.end(), "--") - typed.begin());
         std::size_t lost = 0;
-        bool isBehindTerminator = false;
         for (std::size_t i = 0; i < typed.size(); ++i) {
-            const bool isFirstTerminator = !isBehindTerminator && typed[i] == "--";
-            isBehindTerminator = isBehindTerminator || isFirstTerminator;
             const bool isFile = typed[i].substr(0, 1) == "@";
-            if (!isFound[i] && !isFirstTerminator && !isFile) ++lost;
+            if (found.count(i) == 0 && i != terminator && !isFile) ++lost;
         }
         const std::size_t kept = result.arguments().size() + (result.command() != nullptr ? 1 : 0);
         return lost <= kept || ignoresUnknown ? "" : "nothing is lost:\n" + std::to_string(lost);
@@ -398,8 +388,8 @@ private:
             if (!isMissing) return "what is in force is accepted: " + said + "\n" + text;
         }
         for (const Declared& declared : all) {
-            const std::string value = inForceOf(declared, again.result());
-            if (declared.isWritten && value != inForceOf(declared, result))
+            const std::string value = declared.inForce(again.result());
+            if (declared.isWritten && value != declared.inForce(result))
                 return "what is in force reads back: " + declared.name + " " + value + "\n" + text;
         }
         return "";
