@@ -16,10 +16,7 @@ int runTool(const Texts& typed) {
     (void)parser.command("do", "Does.").add<int>("n", "").required();
     host::Parser& copy = parser.command("copy", "Copies.");
     (void)copy.add<int>("size", "").required();
-    (void)copy.add<std::string>("to", "").required().metavar("DIR");
     copy.oneOf({copy.addFlag("all", "").key(), copy.addFlag("some", "").key()});
-    (void)copy.addPositional<std::string>("first", "");
-    (void)copy.addPositional<std::string>("more", "").atLeast(2);
     const host::Result result = parseOrExit(parser, typed);
     std::printf("ran with %s", result.value<std::string>("new").value_or("nothing").c_str());
     std::fflush(stdout);
@@ -64,16 +61,8 @@ TEST(Exit, tellsHowItWent) {
         {{"bogus", "--help"}, "2||too\\x1Bl: unknown command 'bogus'\n" + hint},
         {{"--new=--help", "do", "-n=1"}, "7|ran with --help|"},
         {{"--help=1"}, "2||too\\x1Bl: '--help' takes no value\n" + hint},
-        {{"copy"}, "2||too\\x1Bl: missing option: one of --all, --some\nTry 'too\\x1Bl copy --help'.\n"},
-        {{"copy", "--size=1", "--some", "a", "b"},
-         "2||too\\x1Bl: missing option: --to DIR\nTry 'too\\x1Bl copy "
-         "--help'.\n"},
-        {{"copy", "--size=1", "--to=x", "--some"},
-         "2||too\\x1Bl: missing argument: FIRST\nTry 'too\\x1Bl copy --help'.\n"},
-        {{"copy", "--size=1", "--to=x", "--some", "a", "b"},
-         "2||too\\x1Bl: missing argument: MORE (2 or more)\nTry 'too\\x1Bl copy --help'.\n"},
-        {{"copy", "--sze=1", "a"},
-         "2||too\\x1Bl: unknown option '--sze'; did you mean '--size'?\nTry 'too\\x1Bl copy --help'.\n"},
+        {{"copy"},  // the first of two mistakes
+         "2||too\\x1Bl: missing option: one of --all, --some\nTry 'too\\x1Bl copy --help'.\n"},
         {{"do"}, "2||too\\x1Bl: missing option: -n N\nTry 'too\\x1Bl do --help'.\n"},
     };
     for (const auto& row : rows)
