@@ -271,7 +271,7 @@ TEST(Layers, replaceThoseBelow) {
         // words in variables of switches, flags and counts; what is off replaces, too
         {"n 1", {"--toggle\n--count"}, {{"TOGGLE", "no"}, {"COUNT", "0"}}},
         {"n 1", {"--flag"}, {{"FLAG", "false"}}},
-        {"n 1, flag (FLAG)", {}, {{"FLAG", "1"}}},
+        {"n 1, flag (FLAG), count 1000 (COUNT)", {}, {{"FLAG", "1"}, {"COUNT", "1000"}}},
         {"n 1", {}, {{"TOGGLE", "true"}}, {"--no-toggle"}},
         // of an exclusive group the highest layer that has a member counts
         {"n 1, flag (argument 1)", {"--toggle"}, {}, {"--flag"}},

@@ -314,5 +314,3 @@ TEST(HelpOfAProcess, hasColoursOnATerminalOnly) {
         EXPECT_EQ(shown.output.find('\033') != std::string::npos, each.isColoured);
     }
 }
-
-TEST(HelpOfAProcess, tellsTheVersion) { EXPECT_EQ(runInTerminal(0, "--version", {}).output, "tool 1.4.0\n"); }
