@@ -242,7 +242,7 @@ TEST_F(Arguments, ofResponseFilesStandInThePlaceOfTheName) {
         {"ok\n-x", {}, {}, "FILE:2: unknown option '-x'"},
     };
     for (const auto& row : rows) {
-        const TemporaryFile file(row.content);
+        const MemoryFile file(row.content);
         const auto replaced = [](std::string text, const std::string& from, const std::string& to) {
             for (std::size_t at = text.find(from); at != std::string::npos;
                  at = text.find(from, at + to.size()))
@@ -274,7 +274,7 @@ TEST_F(Arguments, ofResponseFilesStandInThePlaceOfTheName) {
 }
 
 TEST_F(Arguments, switchTheLogOnInTheVeryFirstPlaceAlone) {
-    const TemporaryFile file(std::string(logSwitch) + "\nb");
+    const MemoryFile file(std::string(logSwitch) + "\nb");
     const std::string taken = std::string("[") + logSwitch + "]";
     const struct {
         Texts typed;

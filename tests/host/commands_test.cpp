@@ -307,7 +307,7 @@ TEST(Layers, replaceThoseBelow) {
 }
 
 TEST(Settings, ofFilesMayBeMissingWhereThatIsAllowed) {
-    const TemporaryFile file("\xEF\xBB\xBF--n=5\r\n");
+    const MemoryFile file("\xEF\xBB\xBF--n=5\r\n");
     host::Parser parser("tool");
     const auto n = parser.add<int>("n", "").key();
     parser.settings("/no/such/file", host::Missing::allowed).settings(file.path);

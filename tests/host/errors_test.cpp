@@ -191,10 +191,8 @@ TEST_F(Errors, holdWhatAHostNeedsToWordThemItself) {
 
 TEST(Suggestions, areTheNearestAndNeverFarFetched) {
     host::Parser parser("tool");
-    for (const char* name :
-         {"input-file", "input-format", "input-filter", "input-field", "output", "frobnicate", "ab"})
-        parser.addFlag(name, "");
-    for (const char* name : {"home-dir", "work-dir", "dry-run", "log-level", "log-file"})
+    for (const char* name : {"input-file", "input-format", "input-filter", "input-field", "output",
+                             "frobnicate", "ab", "home-dir", "work-dir", "dry-run", "log-level", "log-file"})
         parser.addFlag(name, "");
     parser.addFlag("secret", "").hidden();
     parser.addFlag("older", "").deprecated("use --output");
@@ -225,7 +223,7 @@ TEST(Origins, areShownInFrontUnlessItIsTheCommandLine) {
     host::Parser parser("tool");
     parser.add<int>("n", "").environment("TOOL_N");
     parser.responseFiles().settings("# one\n\n --n=x", "bad\x1b.conf");
-    const TemporaryFile file("--n\ny\n");
+    const MemoryFile file("--n\ny\n");
     const host::Outcome outcome = parser.parse({"--n=1", "@" + file.path, "--n=z"}, {{"TOOL_N", "w"}});
     const std::string takes = " is not a whole number, which '-n' takes";
     EXPECT_EQ(said(outcome), "bad\\x1B.conf:3: 'x'" + takes + "\nTOOL_N: 'w'" + takes + "\n" + file.path +

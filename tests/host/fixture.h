@@ -8,17 +8,21 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "support/memory_file.h"
 #include "vorn/host.h"
 
 namespace host = vorn::host;
 using Kind = host::Error::Kind;
 using Texts = std::vector<std::string>;
+using vorn_tests::MemoryFile;
 
 /// All that is wrong, a line each.
 inline std::string said(const host::Outcome& outcome) {
@@ -47,34 +51,12 @@ std::string thrownBy(Action action) {
 }
 
 inline std::string contentOf(const std::string& path) {
-    std::string all;
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    for (int next = file != nullptr ? std::fgetc(file) : EOF; next != EOF; next = std::fgetc(file))
-        all += static_cast<char>(next);
-    if (file != nullptr) std::fclose(file);
-    return all;
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 /// A text of several lines that is expected to be shown, from the folder of these tests.
 inline std::string page(const std::string& name) { return contentOf(VORN_TEST_PAGES "/" + name); }
-
-/// A file with a content, which lives as long as this.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const std::string& content) {
-        char name[] = "/tmp/vorn-host-XXXXXX";
-        const int made = mkstemp(name);
-        path = name;
-        std::FILE* file = fdopen(made, "wb");
-        std::fwrite(content.data(), 1, content.size(), file);
-        std::fclose(file);
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() { std::remove(path.c_str()); }
-
-    std::string path;
-};
 
 inline host::Result parseOrExit(host::Parser& parser, const Texts& typed) {
     std::vector<const char*> argv = {"tool"};
@@ -93,7 +75,7 @@ struct Ended {
 /// Runs the action in a process of its own, whose output has been prepared.
 template <class Action, class Prepare>
 Ended endOf(Action action, Prepare prepareOutput) {
-    const TemporaryFile output(""), errors("");
+    const MemoryFile output, errors;
     std::fflush(stdout);  // or the child would write it, too
     const pid_t child = fork();
     if (child == 0) {

@@ -6,9 +6,6 @@
 #ifndef VORN_TESTS_SUPPORT_ANY_TOOL_H
 #define VORN_TESTS_SUPPORT_ANY_TOOL_H
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <functional>
 #include <map>
@@ -20,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/memory_file.h"
 #include "vorn/host.h"
 #include "vorn/host/byte_size.h"
 #include "vorn/host/duration.h"
@@ -30,27 +28,6 @@ namespace vorn_tests {
 namespace host = vorn_3_1::host;
 
 using Texts = std::vector<std::string>;
-
-/// A file in memory, which can be written anew.
-class MemoryFile {
-public:
-    MemoryFile() : file(memfd_create("vorn", 0)), path("/proc/self/fd/" + std::to_string(file)) {}
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-    ~MemoryFile() { close(file); }
-
-    void write(const std::string& text) const {
-        const bool isWritten = ftruncate(file, 0) == 0 &&
-                               pwrite(file, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size());
-        if (!isWritten) throw std::runtime_error("a file in memory cannot be written");
-    }
-
-private:
-    const int file;
-
-public:
-    const std::string path;
-};
 
 inline std::vector<std::string_view> linesOf(std::string_view text) {
     std::vector<std::string_view> lines;
