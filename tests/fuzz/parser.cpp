@@ -8,7 +8,7 @@
 //     @+ 1  @- 1  !v  !x              adds (or, when it is there, removes) an actor, removes it; vetoes, throws
 //     @> @<                           parses the arguments since the last parse, as a vector or as a text
 //     @? 3 7                          queries between two positions, counted from the first value
-//     @h                              shows all help
+//     @h  @h 1                        asks for help, for the hidden one
 //
 // Making a parser costs more than parsing a few arguments, so kept tables are used many times over.
 #include <algorithm>
@@ -106,7 +106,6 @@ public:
     const int flags;
     IParser* parser = nullptr;
     std::vector<Known> options;
-    Texts groups;
     bool hasParsed = false;
 
 private:
@@ -131,7 +130,6 @@ private:
         if (!isRefused) options.push_back(option);
         for (const std::string& name : isRefused ? Texts() : option.names)
             take(name);
-        groups.push_back(group.substr(0, group.find(':')));
     }
 
     void addSynonym(const char* name) {
@@ -296,7 +294,7 @@ private:
         if (action == '-' && parser->removeHandler(&actor))
             require(!parser->removeHandler(&actor), "it is gone");
         if ((action == '>' || action == '<') && !isParsing) parse(action == '<');
-        if (action == 'h') checkHelp();
+        if (action == 'h') parser->getDescription(*text == '1');
         int low = 0;
         int high = 0;
         if (action == '?' && std::sscanf(text, "%9d %9d", &low, &high) == 2)
@@ -365,18 +363,6 @@ private:
         const bool areRising =
             std::ranges::adjacent_find(occurrences, std::greater_equal()) == occurrences.end();
         require(areRising, "positions rise", name);
-    }
-
-    void checkHelp() {
-        std::string help = parser->getDescription(false);
-        help += parser->getDescription(true);
-        while (!help.empty()) {
-            const std::string line = vorn_tests::cutAt('\n', help);
-            const bool isDescription = line.starts_with(std::string(30, ' '));
-            require(line.size() <= (isDescription ? 79 : 80) || line.starts_with("-") ||
-                        std::count(table.groups.begin(), table.groups.end(), line) > 0,
-                    "help keeps its width", line);
-        }
     }
 
     const bool isKept;

@@ -3,6 +3,8 @@
 
 #include <pty.h>
 
+#include <algorithm>
+
 #include "host/fixture.h"
 #include "host/large_tool.h"
 #include "support/any_tool.h"
@@ -264,8 +266,7 @@ Ended runInTerminal(unsigned columns, const char* argument, const Texts& environ
 }
 
 int widestLine(std::string text) {
-    for (std::size_t at = text.find('\r'); at != std::string::npos; at = text.find('\r'))
-        text.erase(at, 1);
+    text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
     int widest = 0;
     for (const std::string_view line : linesOf(text))
         widest = std::max(widest, columnsOf(line));

@@ -10,12 +10,8 @@
 namespace vorn_tests {
 
 /// A file in memory, which can be written anew.
-class MemoryFile {
-public:
-    explicit MemoryFile(const std::string& text = "")
-        : file(memfd_create("vorn", 0)), path("/proc/self/fd/" + std::to_string(file)) {
-        write(text);
-    }
+struct MemoryFile {
+    explicit MemoryFile(const std::string& text = "") { write(text); }
     MemoryFile(const MemoryFile&) = delete;
     MemoryFile& operator=(const MemoryFile&) = delete;
     ~MemoryFile() { close(file); }
@@ -26,11 +22,8 @@ public:
         if (!isWritten) throw std::runtime_error("a file in memory cannot be written");
     }
 
-private:
-    const int file;
-
-public:
-    const std::string path;
+    const int file = memfd_create("vorn", 0);
+    const std::string path = "/proc/self/fd/" + std::to_string(file);
 };
 
 }  // namespace vorn_tests
