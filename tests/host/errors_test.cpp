@@ -4,7 +4,7 @@
 
 namespace {
 
-enum class Format { text, json, jsonl };
+enum class FileFormat { text, json, jsonl };
 
 std::string repeated(const char* text, int count) {
     return joined(Texts(static_cast<std::size_t>(count), text), "");
@@ -16,8 +16,8 @@ struct Errors : testing::Test {
     Errors() {
         parser.version("1.4.0");
         parser.add<int>("quality,q", "").range(1, 100);
-        parser.add<Format>("format", "")
-            .named({{"text", Format::text}, {"json", Format::json}, {"jsonl", Format::jsonl}});
+        parser.add<FileFormat>("format", "")
+            .named({{"text", FileFormat::text}, {"json", FileFormat::json}, {"jsonl", FileFormat::jsonl}});
         (void)parser.add<int>("size", "").list(',');
         parser.add<std::string>("colour,color", "").allow("never", "auto", "always").implicit("auto");
         const auto folder = parser.add<std::string>("output-dir,o", "").metavar("DIR").required();

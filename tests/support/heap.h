@@ -15,7 +15,7 @@
 #include "support/checked_build.h"
 
 // Every so many requests one fails.
-constexpr unsigned requestsBetween = vorn_tests::isChecked ? 5 : 1;
+constexpr unsigned requestsBetween = vorn_tests::isChecked ? 7 : 1;
 
 static struct {
     bool isArmed = false;    // inside a call into the library
