@@ -1,3 +1,10 @@
+// The shortest forms that users may type, as a text to keep with a release; and what a later release takes from them.
+//
+//     Parser::abbreviations     names of the parser -> text -> Model -> Listing -> the text with the shortest forms
+//     brokenAbbreviations       text before -> Model, text after -> Model; Comparison asks both what each form means
+//
+// A Model is a parser made of the text alone. So an earlier release is asked like the present one, through the same
+// library, and nothing here matches names.
 #include "vorn/host/abbreviations.h"
 
 #include <algorithm>

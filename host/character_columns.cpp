@@ -1,3 +1,9 @@
+// Two tables of the characters that do not take one column, each searched by halves. terminal_text.cpp asks for each
+// character that it lays out.
+//
+//     'a'       in neither table           1 column
+//     U+0301    an accent, in zeroWidth    0: it is drawn onto the letter in front of it
+//     U+4E2D    Chinese, in wide           2
 #include "character_columns.h"
 
 #include <algorithm>

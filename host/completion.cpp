@@ -1,3 +1,13 @@
+// How candidates are found: the words in front of the cursor are walked over as in a parse (walk.h), but no value is
+// read. Where the walk ends tells what may stand at the cursor:
+//
+//     thumbs --size |        an option waits for its value       values of --size, or paths
+//     thumbs --qu|           the word begins with '-'            names; values behind '='
+//     nctl a|                the parser has commands             their names
+//     thumbs a.png b|        none of that                        values of the positional argument whose turn it is
+//
+// What was found is then written for one of the shells: see answerInFull and answerForBash, and the scripts that read
+// it in completion_scripts.cpp.
 #include "completion.h"
 
 #include <algorithm>

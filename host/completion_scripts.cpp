@@ -1,4 +1,7 @@
 // The scripts that shells run. Each asks the tool for what fits, and leaves paths to the shell.
+//
+// bash hands over the line as it was typed, since it cuts words at '=' and ':' too, and gets texts that are ready to be
+// inserted. zsh and fish hand over whole words, and get the candidates with their descriptions. completion.cpp answers.
 #include <algorithm>
 
 #include "completion.h"

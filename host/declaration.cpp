@@ -1,4 +1,10 @@
 // The builder's operations. Each does all it says, or throws and leaves the record as it was.
+//
+//     add<int>("quality", "").defaultTo(80).range(1, 50)
+//         setDefault     80 is in the record
+//         setLimits      1 to 50 are swapped in, the record is checked: 80 is too large; swapped out again, and thrown
+//
+// The templates in vorn/host/option.h call them. What is checked is in table.cpp; see Table::recheck.
 #include <utility>
 
 #include "shown_text.h"

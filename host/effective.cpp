@@ -1,4 +1,12 @@
-// What is in force, as a settings text.
+// What is in force, as a settings text: each option with the value that counts, and above it where that comes from.
+//
+//     # the default
+//     --quality=80
+//     # THUMBS_SIZE
+//     --size=10
+//
+// Read as settings, the text gives the same values again. So what could not be read back, or might break a rule once
+// it is given, stands there as a comment; and no secret stands there at all.
 #include <cstddef>
 #include <string>
 

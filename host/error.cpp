@@ -1,3 +1,8 @@
+// An origin and an error as texts. The sentence of an error is there already, from mistakes.cpp or value_reader.cpp;
+// this file puts the place in front of it, where a person has to look elsewhere than at the command line:
+//
+//     thumbs.conf, line 2    thumbs.conf:2: unknown option '--qualtiy'
+//     command line           unknown option '--qualtiy'
 #include "vorn/host/error.h"
 
 #include "shown_text.h"

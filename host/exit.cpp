@@ -1,4 +1,8 @@
-// Parsing for a whole process: what a host's main calls.
+// Parsing for a whole process: what a host's main calls. Either it returns a result, or the process ends:
+//
+//     --completion ...    before anything is parsed        standard output, 0
+//     version, help       whatever else is wrong           standard output, 0; 1 if that cannot be written
+//     a mistake           the first one, and a hint        standard error, 2
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>

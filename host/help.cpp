@@ -1,5 +1,10 @@
 // What the companion's help says of each option: its forms, its value, its notes, its section. help_text.cpp lays the
 // page out for a terminal.
+//
+//     Record        what was declared
+//     OptionInfo    the same as plain data, for hosts as well (infoOf)
+//     HelpEntry     -q, --quality | N | How good they look. | 1 to 100; default: 80 (entryOf)
+//     HelpPage      the entries in sections (PageMaker); help_text.cpp and manual.cpp write it
 #include "help.h"
 
 #include <algorithm>

@@ -1,3 +1,13 @@
+// How the library is asked what names mean, and how it reads. Both are the same parse; only the second has a result.
+//
+//     ask  --siz --verb --foo     arguments: --siz x --verb x --foo x
+//          --siz                  event for "size", which takes the x as its value
+//          --verb                 event for "verbose"; the x is positional or unknown, and passed over
+//          --foo                  unknown; the x is passed over
+//     read --size=5 a.png         events for --size, its value and a.png, numbered 0 and 1 for the reader
+//
+// `answers` is set while the library is asked, and `listener` while it reads; the events look at these to know which of
+// the two goes on. walk.cpp asks, parse.cpp has read.
 #include "library.h"
 
 #include <algorithm>

@@ -1,5 +1,12 @@
 // The sentences about mistakes of the companion's users. The plain interface has its own, in src: there it is
 // "Unknown option: --x", here "unknown option '--x'".
+//
+// A sentence says what is wrong and, behind a semicolon, what to do. Most of the file looks for that second part:
+//
+//     --outptu=x     unknown option '--outptu'; did you mean '--output-dir'?
+//     -lw            unknown option '-lw'; if '-l' and '-w' are meant, write them apart
+//
+// walk.cpp and parse.cpp find the mistakes and add where they stand.
 #include "mistakes.h"
 
 #include <algorithm>

@@ -1,3 +1,10 @@
+// A hash table with open addressing. The entries stand in the order in which they came; a slot holds the number of an
+// entry, and a name whose slot is taken goes to the next free one behind it.
+//
+//     entries    size, quiet                 hashes 5 and 37, say, and 32 slots
+//     slots      0 0 0 0 0 1 2 0 ...         both want slot 5; quiet gets the next one
+//
+// grow makes the slots anew from the kept hashes; shrink takes the last entries away again.
 #include "name_index.h"
 
 namespace vorn_3_1::host::detail {

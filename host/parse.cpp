@@ -1,3 +1,16 @@
+// The steps of one parse, in the order of Parse::run:
+//
+//     for the program, then for each chosen command
+//         enter              makes the table ready, and a level for its values
+//         walkSettings       } each finds out which arguments are options and which are values, and leaves a stage:
+//         walkEnvironment    } a list that the library can read
+//         walkLine           } up to the next command
+//     readStage, for each    the library reads the list; its events (option, value, occurrence) fill the slots
+//     distribute             the positional texts go to their declarations
+//     applyRules             groups, what is required, what needs another one
+//
+// Settings and variables of all commands are read in front of the whole command line, so that their positions are lower
+// than those of its arguments. A mistake ends nothing: it is noted with its order, and the other steps go on.
 #include "parse.h"
 
 #include <algorithm>

@@ -1,3 +1,10 @@
+// The parser as a host sees it. The operations that declare write into the table, and refuse to while a parse goes on;
+// parse hands the arguments to detail::Parse, and makes an Outcome of what it leaves behind.
+//
+//     parser.parse({"--qu=5", "a.png"})    texts, numbered 1 and 2 -> Parse::run -> errors, advice, Result
+//
+// Go on with parse.cpp for what a parse does, with table.cpp for what declarations are checked for, and with exit.cpp
+// for parseOrExit.
 #include "vorn/host/parser.h"
 
 #include <stdexcept>

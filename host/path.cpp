@@ -1,3 +1,5 @@
+// The type of paths. Any text is one; whether it exists is for the host to find out. It has a file of its own since
+// <filesystem> is heavy: only hosts that include vorn/host/path.h pay for it.
 #include "vorn/host/path.h"
 
 namespace vorn_3_1::host {

@@ -1,3 +1,11 @@
+// Reading a result. A key leads to the level of its parser, there to the slot of its option, and to the values in it;
+// with no slot, or an empty one, to the default.
+//
+//     --size=1 in a file, --size=2 --size=3 typed     slot: 2, 3 of the command line; lower: 1 of the file
+//     result[size]                                    2, 3 if it is repeated, else 3: the highest layer counts
+//     result.origin(size)                             argument 2: that of the last value
+//
+// parse.cpp has filled the slots; the templates in vorn/host/result.h give the values their types.
 #include "vorn/host/result.h"
 
 #include <algorithm>

@@ -1,3 +1,11 @@
+// Texts go through here on their way into a message, character by character:
+//
+//     a letter of any alphabet                       as it is
+//     tab, line feed, bell                           \t, \n, \x07
+//     U+202E, which turns the direction              \u202E
+//     a byte FF, which no character begins with      \xFF
+//
+// Long texts are cut before they are escaped, so that no escape is cut in two.
 #include "shown_text.h"
 
 #include <cstddef>

@@ -1,3 +1,10 @@
+// Files of arguments: response files and settings. Of this text, line 3 is the argument "--title=a b":
+//
+//     # how they look
+//
+//       --title=a b
+//
+// Nothing is quoted: a blank inside a line belongs to the argument, and so do those at its end.
 #include "sources.h"
 
 #include <cerrno>

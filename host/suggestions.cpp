@@ -1,3 +1,12 @@
+// Two measures of how near a name is, of which the better one counts: letters of the whole name, and letters word by
+// word, where whole words of the name may be left out.
+//
+//     typed      name           as a whole     by words
+//     outptu     output         1 swap         1 swap
+//     output     output-dir     too far        0 wrong, 1 word left out
+//     out-dri    output-dir     too far        1 swap: "out" is the beginning of "output"
+//
+// mistakes.cpp and value_reader.cpp ask once there is an error; nothing is compared before.
 #include "suggestions.h"
 
 #include <algorithm>

@@ -1,3 +1,12 @@
+// Entering declarations, and finding those that contradict themselves. When something is looked at:
+//
+//                              outermost parser                       command
+//     names, one record        at once (enter, recheck)               when it is chosen (seal)
+//     the whole of a parser    before a parse or help (seal)          when it is chosen
+//     everything               in Parser::verify, which collects all faults instead of throwing the first
+//
+// Most commands are not chosen, and so their declarations cost hardly more than the memory. What fails takes back what
+// it has entered, so that the table stays as it was.
 #include "table.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// What is known of standard output: its width and whether it shows colours. Only parseOrExit (exit.cpp) asks;
+// a host that makes help itself says both in its HelpStyle.
 #include "terminal.h"
 
 #include <sys/ioctl.h>

@@ -1,3 +1,10 @@
+// From a text to lines of a given width, in three steps:
+//
+//     harmless    "Make\timages smaller"              "Make images smaller": nothing a terminal obeys
+//     runsOf      "Make" "images" "smaller"           what does not break as long as it fits
+//     fill        Make / images / smaller             at 10 columns: as many runs in a line as there is room for
+//
+// A run that is wider than a line is cut between two clusters, never within one: a letter stays with its accents.
 #include "terminal_text.h"
 
 #include <algorithm>

@@ -1,4 +1,10 @@
 // Reading and showing the types that the companion knows. One rule under every locale: the classic digits and point.
+//
+//     read    "300" as signed char    "is too large: at most 127"
+//             "5x"  as int            "is not a whole number"
+//
+// These are parts of sentences; value_reader.cpp puts value and option around them, and goes by how they begin: "is ",
+// "is too large" or "is too small".
 #include "vorn/host/type.h"
 
 #include <algorithm>

@@ -1,3 +1,10 @@
+// The way of a text to a value, and all that can be said against it there:
+//
+//     readItems      "1,x,3"    cuts lists; the first bad item ends it, and the items before it are taken back
+//     readByType     "x"        by name among choices, or by the type's own rules: 'x' is not a whole number, ...
+//     judgeValue     "200"      the range, then the host's checks: '200' is too large for '--quality': at most 100
+//
+// parse.cpp calls readItems for each value. table.cpp has defaults judged by the same rules.
 #include "value_reader.h"
 
 #include "shown_text.h"

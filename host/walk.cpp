@@ -1,3 +1,13 @@
+// One turn of the walk looks at the next argument and decides who takes it:
+//
+//     @args.txt        expandResponseFile, if asked for: the lines of the file stand there instead
+//     --               takeTerminator: what follows is positional, or a command
+//     a.png   -        takeWord: a command, a positional argument, or one too many
+//     --size   -5      takeNamed: asks what it means. An option takes its value; what is unknown may be a negative
+//                      number or letters written together (-vq), and is an error otherwise
+//
+// Each take... moves arguments from `todo` to `done` and adds tokens, or an error. Names are asked for many at a time
+// (askAhead), since a rehearsal costs more than a name in it.
 #include "walk.h"
 
 #include <algorithm>
