@@ -47,6 +47,7 @@ bool isEscaped(char character) {
            character == 0x7F;
 }
 
+/// "a b" becomes "a\x20b"; withBlanks is the way back. A comma is escaped as well, since it parts names.
 std::string withoutBlanks(std::string_view text) {
     constexpr char digits[] = "0123456789abcdef";
     std::string escaped;
@@ -94,6 +95,7 @@ std::size_t groupOf(const Record& record, std::size_t choice) {
     return choice;
 }
 
+/// One line for each value, with all the names that stand for it.
 void writeChoices(const Record& record, const std::string& indent, std::string& text) {
     const std::vector<std::string> texts = record.choiceTexts();
     for (std::size_t i = 0; i < texts.size(); ++i) {
@@ -106,6 +108,8 @@ void writeChoices(const Record& record, const std::string& indent, std::string& 
     }
 }
 
+/// Writes a table and its commands. Nobody types the name of a positional argument, so one without choices is left
+/// out.
 void writeNames(Table& table, const std::string& indent, std::string& text) {
     detail::prepare(table);
     for (const Record& record : table.records) {
@@ -150,6 +154,8 @@ public:
     Table& outermost() const { return *root; }
 
 private:
+    /// Enters one line. What stands behind " # " is passed over: the shortest forms are worked out anew. All options
+    /// are of whole numbers, whatever type they had, since only names are asked for.
     void enter(std::string_view line) {
         line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
         std::vector<std::string> words = piecesOf(line.substr(0, line.find(" # ")), ' ');
@@ -241,8 +247,11 @@ public:
     Oracle(const Oracle&) = delete;
     Oracle& operator=(const Oracle&) = delete;
     virtual ~Oracle() = default;
+    /// What each text means to the parser, in their order.
     virtual std::vector<Answer> ask(const std::vector<std::string>& typed) = 0;
+    /// Whether the name is declared, as it stands there.
     virtual bool hasInFull(const std::string& name) const = 0;
+    /// All that may be typed for the name, the shortest first, whether or not something else fits it too.
     virtual std::vector<std::string> forms(const std::string& name) const = 0;
 };
 
@@ -259,6 +268,8 @@ std::vector<std::size_t> beginnings(std::string_view word, bool withEmpty) {
 
 /// All ways to shorten a name by words, the shortest first.
 std::vector<std::string> formsByWords(const std::string& name) {
+    // Forms multiply with each word. Where there would be more than this, a word counts with its shortest beginnings
+    // and in full, so that a comparison runs out of neither time nor memory.
     constexpr double most = 200000;
     constexpr std::size_t fewLetters = 4;
     const std::vector<std::string> words = piecesOf(name, '-');
@@ -363,6 +374,7 @@ public:
     }
 
 private:
+    /// In a Model a choice is read as a number: that of the first name of its value (enterChoice).
     Answer answerTo(const std::string& text) const {
         Answer answer;
         if (record.choices() == nullptr) return {true, {text}};
@@ -376,6 +388,7 @@ private:
     const Record& record;
 };
 
+/// The first form that means what the name in full means; the name itself if there is none.
 std::string shortestOf(Oracle& oracle, const std::string& name) {
     const std::vector<std::string> forms = oracle.forms(name);
     const Answer full = oracle.ask({name})[0];
@@ -390,6 +403,7 @@ class Listing {
 public:
     std::vector<Abbreviation> entries;
 
+    /// In the order of the lines that writeNames writes, on which withShortest counts.
     void list(Table& table) {
         detail::prepare(table);
         const std::string path = pathBehindProgram(table);
@@ -448,6 +462,7 @@ class Comparison {
 public:
     std::vector<BrokenAbbreviation> broken;
 
+    /// First all that can be typed here, then what stands behind each command that is still there.
     void compare(Table& before, Table& after) {
         detail::prepare(before);
         detail::prepare(after);
@@ -494,6 +509,8 @@ private:
         }
     }
 
+    /// Of all forms that meant the name before, notes those that now mean nothing, something else or several things.
+    /// `now` is what the shortest of them means.
     void compareName(AbbreviatedName::Kind kind, const std::string& option, const std::string& name,
                      const std::string& first, Oracle& before, Oracle& after, bool isPositional = false) {
         BrokenAbbreviation one;
@@ -550,6 +567,7 @@ std::string typedForm(const BrokenAbbreviation& broken, const std::string& text)
 
 }  // namespace
 
+/// Parser::abbreviations comes through here as well, so that the same names give the same text, whoever asks.
 Abbreviations Abbreviations::read(Text text) {
     const Model model(text);
     Abbreviations read;

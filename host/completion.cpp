@@ -3,6 +3,7 @@
 //
 //     thumbs --size |        an option waits for its value       values of --size, or paths
 //     thumbs --qu|           the word begins with '-'            names; values behind '='
+//     thumbs @li|            '@', with response files            files
 //     nctl a|                the parser has commands             their names
 //     thumbs a.png b|        none of that                        values of the positional argument whose turn it is
 //
@@ -93,6 +94,7 @@ public:
         findings.data = &data;
     }
 
+    /// An option that waits for its value comes first: what stands behind it is completed as that value.
     Completions run(std::vector<std::string> before, const std::string& typed) {
         word = typed;
         inFront = before;
@@ -132,12 +134,15 @@ private:
         }
     }
 
+    /// Whether the word could be an option's. Behind "--" none is, nor inside the arguments that rest() takes.
     bool isOption(const Walk& walk) const {
         if (word.substr(0, 1) != "-" || walk.isBehindTerminator) return false;
         const auto isRest = [](const Record& record) { return record.what == What::rest; };
         return walk.positionals == 0 || std::none_of(table->records.begin(), table->records.end(), isRest);
     }
 
+    /// Completes a name or, behind '=', a value: the name is walked over as if it stood alone, and the walk tells which
+    /// option waits for a value then, or took its implicit one.
     void completeOption(std::vector<std::string> before) {
         const std::string name(nameOf(word));
         if (name.size() == word.size()) return completeName();
@@ -152,6 +157,7 @@ private:
         if (record != nullptr) completeValue(*record, name + "=", word.substr(name.size() + 1));
     }
 
+    /// With nothing typed, all options are listed, without their "no-" forms.
     void completeName() {
         const std::size_t hyphens = word.substr(0, 2) == "--" ? 2 : 1;
         const std::string typed = word.substr(hyphens);
@@ -216,6 +222,8 @@ private:
         offer(found.candidates[0].text + "=", found.candidates[0].description, true);
     }
 
+    /// A shell replaces the word by what all candidates have in common. That is right only if it is no shorter than the
+    /// word and fits the same names; otherwise the candidates are to be listed only.
     void decideListing(std::size_t hyphens) {
         const auto extends = [this](const Candidate& candidate) { return beginsWith(candidate.text, word); };
         const std::vector<Candidate>& all = found.candidates;
@@ -234,6 +242,7 @@ private:
             names.find(common.substr(std::min(front, common.size()))) != names.find(word.substr(hyphens));
     }
 
+    /// Of each command, the first of its names that fits.
     void completeCommand() {
         std::vector<std::pair<std::string, const Table*>> forms;
         for (const std::unique_ptr<Table>& command : table->commands) {
@@ -297,6 +306,7 @@ private:
         }
     }
 
+    /// For a host's function that wants to know what was typed before: the one place where values are read.
     Result resultInFront() const {
         std::vector<Argument> arguments;
         for (const std::string& text : inFront)
@@ -358,6 +368,8 @@ std::string answerForBash(const Completions& found, const BashLine& line) {
     return answer;
 }
 
+/// The arguments are the shell's name, and for bash the line and the characters that end a word; for the others all
+/// words, of which the last one is to be completed.
 std::string answer(Table& root, std::vector<std::string> arguments) {
     const std::string shell = arguments.empty() ? "" : arguments.front();
     if (shell == "bash" && arguments.size() == 3) {
@@ -377,6 +389,8 @@ Completions completionsOf(Table& root, std::vector<std::string> before, const st
     return Completer(root).run(std::move(before), word);
 }
 
+/// Goes through the line once: inside quotes, between words, or in a word. `kept` moves to wherever bash would begin to
+/// replace: behind a character that ends a word for bash, or behind a quote that is still open.
 BashLine bashLine(std::string_view text, std::string_view breaks) {
     BashLine line;
     bool isProgram = true;
@@ -417,6 +431,8 @@ BashLine bashLine(std::string_view text, std::string_view breaks) {
     return line;
 }
 
+/// `special` is what bash would act upon there. Within single quotes it acts upon nothing; a single quote itself is
+/// written as '\''. A '~' means a folder only in front.
 std::string bashQuoted(std::string_view text, char quote) {
     const std::string_view special = quote == '"'    ? "\\\"$`"
                                      : quote == '\'' ? ""
@@ -431,6 +447,8 @@ std::string bashQuoted(std::string_view text, char quote) {
     return quoted;
 }
 
+/// Not an option for the library, so that no abbreviation becomes ambiguous by it: it counts in full, as the first
+/// argument, and if the host has no option of this name.
 std::optional<std::string> completionOutput(Table& root, const std::vector<std::string>& arguments,
                                             std::string& fault) {
     const std::string& name = root.completionName;

@@ -7,7 +7,7 @@
 //     read --size=5 a.png         events for --size, its value and a.png, numbered 0 and 1 for the reader
 //
 // `answers` is set while the library is asked, and `listener` while it reads; the events look at these to know which of
-// the two goes on. walk.cpp asks, parse.cpp has read.
+// the two goes on. walk.cpp asks, parse.cpp reads.
 #include "library.h"
 
 #include <algorithm>

@@ -101,6 +101,7 @@ std::string otherPlaceOf(const Table& table, std::string_view name) {
     return "; write it behind the command " + quotedAlternatives(owners);
 }
 
+/// "--no-size" where size is an option, but no switch.
 std::string offFormOfNoSwitch(const Table& table, std::string_view name) {
     constexpr std::string_view off = "no-";
     const Record* record = beginsWith(name, off) ? optionNamed(table, name.substr(off.size())) : nullptr;
@@ -126,7 +127,8 @@ Setting settingIn(const Table& table, std::string_view argument) {
     return setting;
 }
 
-/// How it would be written as one argument.
+/// How it would be written as one argument: "shelf /x" as "--shelf=/x", or "quiet=off", where quiet is a switch, as
+/// "--no-quiet".
 std::string rewritten(const Table& table, std::string_view argument) {
     const Setting setting = settingIn(table, argument);
     if (setting.record == nullptr) return {};
@@ -194,6 +196,9 @@ Error unknownOption(std::string_view typed) {
     return mistake(Kind::unknownOption, "unknown option " + inQuotes(typed));
 }
 
+/// Gives one hint, the surest first: the same text as one argument, letters written apart, the place where the option
+/// would be known, a switch that is none, the nearest names, the letter that is unknown. Those in front are certain or
+/// nearly so; near names are only likely, so that they come late. "no-" forms are near only to what begins with "no".
 Error unknownOption(const Table& table, std::string_view argument, const JoinedLetters& letters,
                     bool isOnCommandLine) {
     const std::string_view typed = argument.substr(0, argument.find('='));
@@ -267,6 +272,7 @@ Error unreadableFile(std::string_view path, std::string_view reason) {
     return error;
 }
 
+/// Names all commands where they are few; more would hide the message.
 Error missingCommand(const Table& table) {
     constexpr std::size_t few = 12;
     Error error = mistake(Kind::missingCommand, "missing command");
@@ -308,6 +314,7 @@ Error missingOneOf(const Table& table, const RuleGroup& group) {
     return error;
 }
 
+/// Of an argument that takes several, tells how many it needs once there are some, but too few.
 Error missingArgument(const Record& record, unsigned found) {
     std::string sentence = "missing argument: " + escaped(record.metavar());
     if (found > 0) sentence += joined({" (", std::to_string(record.atLeast), " or more)"});

@@ -10,7 +10,7 @@
 //     applyRules             groups, what is required, what needs another one
 //
 // Settings and variables of all commands are read in front of the whole command line, so that their positions are lower
-// than those of its arguments. A mistake ends nothing: it is noted with its order, and the other steps go on.
+// than those of its arguments. No mistake ends the steps: it is noted with its order, and they go on.
 #include "parse.h"
 
 #include <algorithm>
@@ -35,6 +35,8 @@ constexpr std::size_t ruleOrder = argumentOrder - 1;
 
 }  // namespace
 
+/// The old registrations go first: if anything below throws, the next call begins anew. Sealing comes before
+/// registering, since it enters help and version.
 void prepare(Table& table) {
     if (table.library != nullptr && table.libraryChanges == table.changesWithOuter()) return;
     table.library.reset();
@@ -69,6 +71,7 @@ void Parse::run(std::vector<Argument> arguments) {
         for (Stage& each : *stages)
             readStage(each);
     }
+    // Whoever asks for help is not told what is missing.
     if (findings.asked != Outcome::Asked::nothing) return;
     distribute(*data->levels.back().table);
     for (Level& level : data->levels)
@@ -96,6 +99,8 @@ void Parse::addStage(Walk& walk, Table& table, unsigned rank) {
     stages.push_back({std::move(walk.done), std::move(walk.tokens), rank, walk.order, &table});
 }
 
+/// Each source is a stage of its own with the next higher rank: of two files the later one wins, and a command's wins
+/// over those of its outer parsers.
 void Parse::walkSettings(Table& table) {
     for (const SettingsSource& settings : table.settings) {
         ++settingsRank;
@@ -120,6 +125,7 @@ void Parse::walkSettings(Table& table) {
     }
 }
 
+/// Needs no walk: each variable is of one option, and its whole text is the value.
 void Parse::walkEnvironment(Table& table) {
     Stage variables = {{}, {}, environmentRank, nextOrder, &table};
     for (unsigned i = 0; i < table.records.size(); ++i) {
@@ -168,6 +174,8 @@ Table* Parse::walkLine(Table& table, std::vector<Argument>& arguments) {
     return walk.command;
 }
 
+/// The library numbers the positions. It reads the tokens in their order, so that the number in each event is that of
+/// the token.
 void Parse::readStage(Stage& read) {
     if (read.tokens.empty()) return;
     stage = &read;
@@ -180,6 +188,8 @@ void Parse::readStage(Stage& read) {
     stage = nullptr;
 }
 
+/// The slot for values of this rank. One with values of a lower rank moves down and can still be read there. One of a
+/// higher rank is returned as it is: whoever calls looks at the rank.
 Slot& Parse::slotFor(const Table& table, unsigned index, unsigned rank) {
     Level& level = data->level(table);
     std::unique_ptr<Slot>& slot = level.slots[index];
@@ -218,6 +228,8 @@ void Parse::option(std::size_t number) {
     slot.places.push_back(place);
 }
 
+/// The text of an option is read at once, so that a refusal is known with its argument. That of a positional argument
+/// waits for distribute: which declaration gets it depends on how many there are.
 void Parse::value(std::size_t number, std::string_view text, int position) {
     const Token& token = stage->tokens[number];
     const Argument& argument = argumentOf(token);
@@ -279,6 +291,10 @@ void Parse::refuse(const Record& record, std::string_view text, Refusal refusal,
 
 /// Gives each positional argument its texts: those that take one get theirs first, from both ends, then those that may
 /// be left out, and one takes the rest.
+///
+///     declared           typed      gives
+///     SOURCE... DEST     a b c      SOURCE: a b     DEST: c
+///     FROM [TO] MORE...  a b        FROM: a         MORE: b, which needs one at least; nothing is left for TO
 void Parse::distribute(Table& table) {
     std::size_t needed = 0;
     const Record* rest = nullptr;
@@ -287,6 +303,7 @@ void Parse::distribute(Table& table) {
         if (record.takesRest) rest = &record;
         if (!record.takesRest && record.defaults() == nullptr) ++needed;
     }
+    // With a default it may be left out as a whole, but is not given less than it needs.
     const bool isRestLeftOut = rest != nullptr && rest->defaults() != nullptr && positionals.size() <= needed;
     if (rest != nullptr && !isRestLeftOut) needed += rest->atLeast;
     std::size_t spare = positionals.size() > needed ? positionals.size() - needed : 0;
@@ -331,6 +348,7 @@ bool Parse::wasRefused(const Record& record) const {
     return std::find(findings.refused.begin(), findings.refused.end(), &record) != findings.refused.end();
 }
 
+/// Groups before what is missing: a member that a higher layer outweighs is no longer given.
 void Parse::applyRules(Table& table) {
     Level& level = data->level(table);
     for (const RuleGroup& group : table.groups)
@@ -363,6 +381,7 @@ void Parse::applyGroup(Level& level, const RuleGroup& group) {
     if (first == nullptr && group.needsOne && !isAnyRefused) report(missingOneOf(*level.table, group));
 }
 
+/// What was given wrongly is not missing as well: one mistake, one message.
 void Parse::reportMissing(const Level& level) {
     for (unsigned i = 0; i < level.table->records.size(); ++i) {
         const Record& record = level.table->records[i];

@@ -89,10 +89,13 @@ Table::Table(std::string_view tableNames, std::string_view about, Table* outside
 
 Table::~Table() = default;
 
+/// A result reads names and types in the table, so that it may outlive the parser: the last owner deletes the table.
 void release(Table* root) {
     if (root != nullptr && --root->owners == 0) delete root;
 }
 
+/// Help and version give way to whatever a host declares, and come back with seal. A command's names wait for seal,
+/// too: most commands are not chosen.
 unsigned Table::enter(std::string_view declared, std::string_view about, What what, const TypeFacts& type) {
     if (what < What::help) dropBuiltIns();
     constexpr std::size_t usual = 16;  // spares a parser of ordinary size all growing but one
@@ -176,6 +179,8 @@ void Table::enterName(std::string_view name, unsigned number) {
     if (isSwitch) enterForm(kept.keep("no-", name), {number, true});
 }
 
+/// Names of options and of positional arguments are kept apart, and none may be in both; but "help" may be a positional
+/// argument beside --help.
 void Table::enterForm(std::string_view form, NameMeaning meaning) {
     const Record& record = records[meaning.index];
     NameIndex& own = record.isPositional() ? positionalNames : optionNames;
@@ -202,6 +207,7 @@ const Table* Table::ownerOf(AnyKey key) const {
     return outer != nullptr ? outer->ownerOf(key) : nullptr;
 }
 
+/// A member may become required later; checkGroup looks for that.
 void Table::enterGroup(std::initializer_list<AnyKey> keys, bool needsOne) {
     RuleGroup entered = {{}, needsOne};
     for (const AnyKey key : keys) {
@@ -265,6 +271,7 @@ void checkChoices(const Record& record) {
     }
 }
 
+/// A default or an implicit value has to be one that a user could type.
 void checkValues(const Record& record, const Values& values, std::string_view what) {
     const Values* choices = record.choices();
     for (std::size_t i = 0; i < values.size(); ++i) {
@@ -346,6 +353,7 @@ void Table::checkRecord(const Record& record) const {
     if (record.details) checkDetails(record);
 }
 
+/// A member that always has to be given would make all the others impossible.
 void Table::checkGroup(const RuleGroup& rule) const {
     for (const unsigned member : rule.members) {
         const Record& record = records[member];
@@ -358,6 +366,7 @@ void Table::checkGroup(const RuleGroup& rule) const {
 
 /// Whatever has to be given together must not exclude each other.
 void Table::checkNeeds(unsigned number) const {
+    // Grows while it is gone through: what is needed may need more.
     std::vector<unsigned> together = {number};
     for (std::size_t i = 0; i < together.size(); ++i) {
         const Record& record = records[together[i]];
@@ -422,12 +431,15 @@ void Table::dropBuiltIns() {
     ++changes;
 }
 
+/// Help does it as well as a parse, so that it is done again only when something was declared since.
 void Table::seal() {
     if (sealedChanges == changesWithOuter()) return;
     examineAll(nullptr);
     sealedChanges = changesWithOuter();
 }
 
+/// Names come first, help and version last: which of their names are free is known only then, and they are entered only
+/// where all other names could be.
 void Table::examineAll(std::vector<std::string>* faults) {
     dropBuiltIns();
     const std::size_t before = faults != nullptr ? faults->size() : 0;

@@ -84,6 +84,7 @@ void Findings::advise(const Record& record) {
     advice.push_back(deprecationAdvice(record));
 }
 
+/// The next argument stands last in `todo`: taking it, or putting the lines of a file in its place, moves no other.
 Walk::Walk(Table& walked, Over kind, std::vector<Argument> arguments, std::size_t first, Findings& found)
     : order(first), table(walked), over(kind), findings(found) {
     for (const Record& record : table.records) {
@@ -96,6 +97,7 @@ Walk::Walk(Table& walked, Over kind, std::vector<Argument> arguments, std::size_
         todo.push_back({std::move(*argument), std::nullopt});
 }
 
+/// Ends at a command: what follows is for that command's walk.
 void Walk::run() {
     while (!todo.empty() && command == nullptr && !endsEarly) {
         if (expandResponseFile()) continue;
@@ -137,6 +139,8 @@ bool Walk::expandResponseFile() {
     return true;
 }
 
+/// Behind "--" nothing is an option. A parser without positional arguments gives the texts to the host as they are
+/// (Result::arguments); of one with commands, the first is the command.
 void Walk::takeTerminator() {
     take();
     if (over != Over::commandLine) return fail(noOptionInSettings(table, terminator));
@@ -159,6 +163,7 @@ void Walk::takeTerminator() {
     }
 }
 
+/// A parser with commands has no positional arguments, so that its first word is a command.
 void Walk::takeWord() {
     if (over != Over::commandLine) {
         const std::string text = take().text;
@@ -180,6 +185,7 @@ void Walk::takeRest() {
         addPositional(take().text);
 }
 
+/// The library matches commands as options, in a registration of their own. A typed '=' would end the name there.
 void Walk::chooseCommand() {
     const std::string typed = take().text;
     Meaning meaning;
@@ -212,6 +218,8 @@ bool Walk::takeHelpWord(std::string_view typed) {
     return true;
 }
 
+/// The order matters for what the library does not know: "-5" is a number where numbers are wanted, before anyone looks
+/// for an option 5 among joined letters; and only what is neither is unknown.
 void Walk::takeNamed() {
     const std::string& next = todo.back().argument.text;
     const std::string_view name = nameOf(next);
@@ -255,6 +263,7 @@ void Walk::takeFound(const Meaning& meaning, std::string_view name, std::string_
     addOption(meaning, std::string(name));
 }
 
+/// What is asked for first counts: "--help --version" shows help.
 void Walk::takeBuiltIn(const Record& record, Table& owner) {
     if (over != Over::commandLine) return fail(record, onlyOnCommandLine(record));
     if (findings.asked != Outcome::Asked::nothing) return;
@@ -263,6 +272,7 @@ void Walk::takeBuiltIn(const Record& record, Table& owner) {
     findings.askedTable = &owner;
 }
 
+/// "--size=5" has its value, "--size" may have an implicit one; otherwise it is the next argument.
 void Walk::takeValue(const Meaning& meaning, std::string_view name, std::string_view value, bool hasSign) {
     const Record& record = meaning.record();
     if (hasSign && value.empty()) return fail(record, emptyValue(record, joined({name, "="})));
@@ -276,6 +286,8 @@ void Walk::takeValue(const Meaning& meaning, std::string_view name, std::string_
     }
 }
 
+/// The next argument is the value unless it looks like an option: a value that begins with '-' has to stand behind '='.
+/// A negative number is one where a number is wanted, if the library knows no option of that name.
 void Walk::takeNextAsValue(const Meaning& meaning, std::string_view name) {
     const Record& record = meaning.record();
     const std::size_t from = done.size() - 1;
@@ -400,6 +412,7 @@ bool Walk::wantsNumber() const {
     return false;
 }
 
+/// Candidates of a meaning that was found are the name in full; see meaningsOf.
 Token& Walk::addOption(const Meaning& meaning, std::string text) {
     if (!meaning.candidates.empty()) text.replace(0, nameOf(text).size(), meaning.candidates[0]);
     Token& token = tokens.emplace_back();
