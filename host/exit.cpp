@@ -1,6 +1,6 @@
 // Parsing for a whole process: what a host's main calls. Either it returns a result, or the process ends:
 //
-//     --completion ...    before anything is parsed        standard output, 0
+//     --completion ...    before anything is parsed        standard output, 0; 2 for a shell that is not known
 //     version, help       whatever else is wrong           standard output, 0; 1 if that cannot be written
 //     a mistake           the first one, and a hint        standard error, 2
 #include <cerrno>

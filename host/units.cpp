@@ -2,7 +2,7 @@
 //
 //     typed      value                  shown
 //     90s        90,000,000,000 ns      1m30s
-//     1h30m      the sum of both        1h30m
+//     1h30m      5,400,000,000,000 ns   1h30m
 //     10M        10,000,000             10M
 //     4KiB       4096                   4KiB
 #include <charconv>
