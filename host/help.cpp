@@ -12,7 +12,6 @@
 
 #include "process_environment.h"
 #include "shown_text.h"
-#include "terminal.h"
 #include "value_reader.h"
 
 namespace vorn_3_1::host {

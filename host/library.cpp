@@ -12,9 +12,11 @@
 
 #include <algorithm>
 #include <climits>
+#include <functional>
 #include <iterator>
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 #include "text_parts.h"
 

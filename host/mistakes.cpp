@@ -10,6 +10,7 @@
 #include "mistakes.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "shown_text.h"
 #include "suggestions.h"

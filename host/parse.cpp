@@ -167,7 +167,6 @@ Table* Parse::walkLine(Table& table, std::vector<Argument>& arguments) {
     Walk walk(table, Walk::Over::commandLine, std::move(arguments), nextOrder, findings);
     walk.run();
     arguments = std::move(walk.left);
-    endsEarly = walk.endsEarly;
     const bool lacksCommand = !table.commands.empty() && walk.command == nullptr && !walk.endsEarly;
     addStage(walk, table, commandLineRank);
     if (lacksCommand && findings.asked == Outcome::Asked::nothing) report(missingCommand(table));

@@ -88,7 +88,6 @@ private:
     std::size_t nextOrder = 0;
     unsigned settingsRank = 0;  ///< Of the last settings, the outer parsers' among them.
     bool isLogged = false;
-    bool endsEarly = false;
 };
 
 /// Makes the table ready and registers it with the library, unless that is done already.

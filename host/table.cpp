@@ -149,7 +149,6 @@ Table& Table::enterCommand(std::string_view declared, std::string_view about) {
     return *commands.back();
 }
 
-/// A switch answers to the "no-" forms of its names, too.
 void Table::enterNames(unsigned number) {
     const Record& record = records[number];
     forEachPiece(record.names, ',', [&](std::string_view name) { enterName(name, number); });
@@ -170,6 +169,7 @@ void Table::enterSynonym(std::string_view name, unsigned number) {
     }
 }
 
+/// A switch answers to the "no-" forms of its names, too.
 void Table::enterName(std::string_view name, unsigned number) {
     if (const char* fault = faultOf(name)) fail(name, fault);
     const bool isSwitch = records[number].what == What::toggle;
